@@ -1,0 +1,38 @@
+# Build settings shared by every target of the project.
+
+if(Q3A_SANITIZERS)
+  add_compile_options(-fsanitize=${Q3A_SANITIZERS} -fno-omit-frame-pointer
+                      -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${Q3A_SANITIZERS})
+endif()
+
+# Warnings as errors on our own code (generated protobuf code stays out).
+add_library(q3a_warnings INTERFACE)
+target_compile_options(q3a_warnings INTERFACE -Wall -Wextra -Werror)
+
+# Calls between the library's own exported functions bind locally, so the
+# record conversions call each other directly and can be inlined.
+add_library(q3a_codegen INTERFACE)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(q3a_codegen INTERFACE -fno-semantic-interposition)
+endif()
+
+# A component of libq3a_tuning.so: an object library
+# with the project's include root, warnings and code generation settings.
+function(q3a_component name)
+  cmake_parse_arguments(ARG "" "" "SRCS;DEPS" ${ARGN})
+  add_library(${name} OBJECT ${ARG_SRCS})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${ARG_DEPS}
+                        PRIVATE q3a_warnings q3a_codegen)
+endfunction()
+
+# A GoogleTest suite whose cases ctest lists one by one.
+function(q3a_cc_test name)
+  cmake_parse_arguments(ARG "" "" "SRCS;DEPS" ${ARGN})
+  add_executable(${name} ${ARG_SRCS})
+  target_link_libraries(${name} PRIVATE ${ARG_DEPS} q3a_warnings
+                        GTest::gtest GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+                       WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()
