@@ -1,0 +1,354 @@
+#include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+
+#include <android/log.h>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace qawb {
+namespace {
+
+constexpr std::size_t kBasicOffset = 0;
+constexpr std::size_t kAdvanceOffset = 24208;
+constexpr std::size_t kColorControlOffset = 29792;
+constexpr std::size_t kFeatureOffset = 69760;
+constexpr std::size_t kFileSize = 102944;
+
+struct LogLine {
+  int priority;
+  std::string tag;
+  std::string message;
+};
+
+std::vector<LogLine>* captured_lines = nullptr;
+
+void CaptureLine(const __android_logger_data* data, const char* message) {
+  captured_lines->push_back(
+      {data->priority, data->tag == nullptr ? "" : data->tag, message});
+}
+
+// The source line in a log head changes with every edit of the container's
+// source, so it is checked to be a number and then blanked out.
+std::string WithoutLineNumber(const std::string& message) {
+  static const std::regex kHead("^(Tuning: [^:]*:)[0-9]+\\] ");
+  return std::regex_replace(message, kHead, "$1N] ",
+                            std::regex_constants::format_first_only);
+}
+
+// Every byte distinct from its neighbours and from the other tables', so any
+// misplaced or missed byte shows; the version head is set readably on top.
+template <typename Table>
+void FillWithPattern(Table& table, unsigned seed, uint16_t minor) {
+  auto* bytes = reinterpret_cast<unsigned char*>(&table);
+  for (std::size_t i = 0; i < sizeof(Table); ++i) {
+    bytes[i] = static_cast<unsigned char>(seed + i * 7 + i / 251);
+  }
+  table.version = {9, minor};
+}
+
+template <typename Table>
+bool SameBytes(const Table& a, const Table& b) {
+  return std::memcmp(&a, &b, sizeof(Table)) == 0;
+}
+
+// All four tables' bytes, to compare a container before and after a call.
+std::vector<unsigned char> Snapshot(const MutableQAWBTuning& tuning) {
+  std::vector<unsigned char> bytes;
+  auto append = [&bytes](const auto* table) {
+    const auto* begin = reinterpret_cast<const unsigned char*>(table);
+    bytes.insert(bytes.end(), begin, begin + sizeof(*table));
+  };
+  append(tuning.GetBasicTuningTable());
+  append(tuning.GetAdvanceTuningTable());
+  append(tuning.GetColorControlTuningTable());
+  append(tuning.GetFeatureTuningTable());
+  return bytes;
+}
+
+class MutableQAWBTuningTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = testing::TempDir() + "mutable_qawb_tuning_XXXXXX";
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr) << std::strerror(errno);
+    dir_ = pattern;
+    captured_lines = &lines_;
+    __android_log_set_logger(CaptureLine);
+
+    FillWithPattern(basic_, 11, 1);
+    FillWithPattern(advance_, 53, 2);
+    FillWithPattern(color_control_, 97, 3);
+    FillWithPattern(feature_, 151, 4);
+  }
+
+  void TearDown() override {
+    __android_log_set_logger(__android_log_stderr_logger);
+    captured_lines = nullptr;
+    std::filesystem::remove_all(dir_);
+  }
+
+  std::string PathOf(const std::string& name) const {
+    return (dir_ / name).string();
+  }
+
+  void WriteBytes(const std::string& path, std::size_t size) const {
+    std::ofstream out(path, std::ios::binary);
+    out << std::string(size, '\x5a');
+  }
+
+  static std::vector<unsigned char> ReadBytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in),
+            std::istreambuf_iterator<char>()};
+  }
+
+  // A container whose four tables all differ from the defaults.
+  void LoadPatternedTables(MutableQAWBTuning& tuning) const {
+    ASSERT_TRUE(
+        tuning.ReadFromTable(&basic_, &advance_, &color_control_, &feature_));
+  }
+
+  std::filesystem::path dir_;
+  std::vector<LogLine> lines_;
+  QAWBBasicTuningTable basic_;
+  QAWBAdvanceTuningTable advance_;
+  QAWBColorControlTuningTable color_control_;
+  QAWBFeatureTuningTable feature_;
+};
+
+TEST_F(MutableQAWBTuningTest, StartsWithTheDefaultTables) {
+  MutableQAWBTuning tuning;
+  const QAWBBasicTuningTable& basic = *tuning.GetBasicTuningTable();
+  EXPECT_EQ(basic.version.major, 3);
+  EXPECT_EQ(basic.version.minor, 0);
+  EXPECT_EQ(basic.initial_cct, 4100);
+  EXPECT_FLOAT_EQ(basic.initial_gain.r_gain, 1.93594f);
+  EXPECT_FLOAT_EQ(basic.initial_gain.g_gain, 1.0f);
+  EXPECT_FLOAT_EQ(basic.initial_gain.b_gain, 2.0033f);
+  EXPECT_EQ(tuning.GetAdvanceTuningTable()->version.major, 3);
+  EXPECT_EQ(tuning.GetAdvanceTuningTable()->version.minor, 0);
+  EXPECT_EQ(tuning.GetColorControlTuningTable()->version.major, 3);
+  EXPECT_EQ(tuning.GetColorControlTuningTable()->version.minor, 0);
+  EXPECT_EQ(tuning.GetFeatureTuningTable()->version.major, 3);
+  EXPECT_EQ(tuning.GetFeatureTuningTable()->version.minor, 2);
+
+  MutableQAWBTuning other;
+  EXPECT_EQ(Snapshot(tuning), Snapshot(other));
+  EXPECT_NE(tuning.GetBasicTuningTable(), other.GetBasicTuningTable());
+}
+
+TEST_F(MutableQAWBTuningTest, ReadFromTableCopiesAllFourTables) {
+  MutableQAWBTuning tuning;
+  const void* basic_address = tuning.GetBasicTuningTable();
+  LoadPatternedTables(tuning);
+  EXPECT_EQ(tuning.GetBasicTuningTable(), basic_address);
+  EXPECT_TRUE(SameBytes(*tuning.GetBasicTuningTable(), basic_));
+  EXPECT_TRUE(SameBytes(*tuning.GetAdvanceTuningTable(), advance_));
+  EXPECT_TRUE(SameBytes(*tuning.GetColorControlTuningTable(), color_control_));
+  EXPECT_TRUE(SameBytes(*tuning.GetFeatureTuningTable(), feature_));
+}
+
+TEST_F(MutableQAWBTuningTest, FileRoundTripRestoresEveryByte) {
+  MutableQAWBTuning written;
+  LoadPatternedTables(written);
+  const std::string path = PathOf("round_trip.bin");
+  written.WriteToFile(path);
+
+  MutableQAWBTuning read;
+  ASSERT_TRUE(read.ReadFromFile(path));
+  EXPECT_EQ(Snapshot(read), Snapshot(written));
+  EXPECT_TRUE(lines_.empty());
+}
+
+TEST_F(MutableQAWBTuningTest, FreshContainerSurvivesRoundTrip) {
+  MutableQAWBTuning tuning;
+  const std::vector<unsigned char> before = Snapshot(tuning);
+  const std::string path = PathOf("defaults.bin");
+  tuning.WriteToFile(path);
+  ASSERT_TRUE(tuning.ReadFromFile(path));
+  EXPECT_EQ(Snapshot(tuning), before);
+  EXPECT_EQ(ReadBytes(path), before);
+}
+
+TEST_F(MutableQAWBTuningTest, FileHoldsTheTablesBackToBack) {
+  MutableQAWBTuning tuning;
+  LoadPatternedTables(tuning);
+  const std::string path = PathOf("layout.bin");
+  tuning.WriteToFile(path);
+  const std::vector<unsigned char> file = ReadBytes(path);
+  ASSERT_EQ(file.size(), kFileSize);
+
+  struct Expected {
+    std::size_t offset;
+    const void* table;
+    std::size_t size;
+    uint16_t minor;
+  };
+  const Expected expected[] = {
+      {kBasicOffset, &basic_, sizeof(basic_), 1},
+      {kAdvanceOffset, &advance_, sizeof(advance_), 2},
+      {kColorControlOffset, &color_control_, sizeof(color_control_), 3},
+      {kFeatureOffset, &feature_, sizeof(feature_), 4},
+  };
+  for (const Expected& e : expected) {
+    SCOPED_TRACE(e.offset);
+    QAWBParameterVersion head;
+    std::memcpy(&head, file.data() + e.offset, sizeof(head));
+    EXPECT_EQ(head.major, 9);
+    EXPECT_EQ(head.minor, e.minor);
+    EXPECT_EQ(std::memcmp(file.data() + e.offset, e.table, e.size), 0);
+  }
+}
+
+class WrongSizeTest : public MutableQAWBTuningTest,
+                      public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(WrongSizeTest, IsRejectedAndLogged) {
+  MutableQAWBTuning tuning;
+  LoadPatternedTables(tuning);
+  const std::vector<unsigned char> before = Snapshot(tuning);
+  const std::string path = PathOf("wrong_size.bin");
+  WriteBytes(path, GetParam());
+
+  EXPECT_FALSE(tuning.ReadFromFile(path));
+  EXPECT_EQ(Snapshot(tuning), before);
+  ASSERT_EQ(lines_.size(), 1u);
+  EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);
+  EXPECT_EQ(lines_[0].tag, program_invocation_short_name);
+  EXPECT_EQ(WithoutLineNumber(lines_[0].message),
+            "Tuning: mutable_qawb_tuning.cc:N] ReadFromFile: The size of "
+            "tuning binary file does not match ideal file "
+            "size.ideal_file_size=102944 file_size=" +
+                std::to_string(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(MutableQAWBTuning, WrongSizeTest,
+                         testing::Values(kFileSize - 1, kFileSize + 1, 0));
+
+TEST_F(MutableQAWBTuningTest, MissingFileIsRejectedAndLogged) {
+  MutableQAWBTuning tuning;
+  LoadPatternedTables(tuning);
+  const std::vector<unsigned char> before = Snapshot(tuning);
+  const std::string path = PathOf("missing.bin");
+
+  EXPECT_FALSE(tuning.ReadFromFile(path));
+  EXPECT_EQ(Snapshot(tuning), before);
+  ASSERT_EQ(lines_.size(), 1u);
+  EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);
+  EXPECT_EQ(WithoutLineNumber(lines_[0].message),
+            "Tuning: mutable_qawb_tuning.cc:N] ReadFromFile: Could not open "
+            "the tuning binary file: " +
+                path);
+}
+
+// A directory opens on Linux but has no usable size, so the size check is
+// what rejects it.
+TEST_F(MutableQAWBTuningTest, DirectoryIsRejected) {
+  MutableQAWBTuning tuning;
+  LoadPatternedTables(tuning);
+  const std::vector<unsigned char> before = Snapshot(tuning);
+
+  EXPECT_FALSE(tuning.ReadFromFile(dir_.string()));
+  EXPECT_EQ(Snapshot(tuning), before);
+  ASSERT_EQ(lines_.size(), 1u);
+  EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);
+  EXPECT_NE(lines_[0].message.find("] ReadFromFile: The size of tuning "
+                                   "binary file does not match"),
+            std::string::npos)
+      << lines_[0].message;
+}
+
+TEST_F(MutableQAWBTuningTest, EmptyPathIsRejected) {
+  MutableQAWBTuning tuning;
+  const std::vector<unsigned char> before = Snapshot(tuning);
+  EXPECT_FALSE(tuning.ReadFromFile(""));
+  EXPECT_EQ(Snapshot(tuning), before);
+  EXPECT_EQ(lines_.size(), 1u);
+}
+
+TEST_F(MutableQAWBTuningTest, UnwritablePathIsLogged) {
+  MutableQAWBTuning tuning;
+  const std::string path = PathOf("no_such_dir/dump.bin");
+  tuning.WriteToFile(path);
+
+  EXPECT_FALSE(std::filesystem::exists(path));
+  ASSERT_EQ(lines_.size(), 1u);
+  EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);
+  EXPECT_EQ(lines_[0].tag, program_invocation_short_name);
+  EXPECT_EQ(WithoutLineNumber(lines_[0].message),
+            "Tuning: mutable_qawb_tuning.cc:N] WriteToFile: Could not open "
+            "debug dump file: " +
+                path);
+}
+
+// One setter/getter pair per table, so the setter cases run over all four.
+template <typename Table>
+struct TableAccess;
+
+template <>
+struct TableAccess<QAWBBasicTuningTable> {
+  static constexpr auto kSet = &MutableQAWBTuning::SetBasicTuningTable;
+  static constexpr auto kGet = &MutableQAWBTuning::GetBasicTuningTable;
+};
+template <>
+struct TableAccess<QAWBAdvanceTuningTable> {
+  static constexpr auto kSet = &MutableQAWBTuning::SetAdvanceTuningTable;
+  static constexpr auto kGet = &MutableQAWBTuning::GetAdvanceTuningTable;
+};
+template <>
+struct TableAccess<QAWBColorControlTuningTable> {
+  static constexpr auto kSet = &MutableQAWBTuning::SetColorControlTuningTable;
+  static constexpr auto kGet = &MutableQAWBTuning::GetColorControlTuningTable;
+};
+template <>
+struct TableAccess<QAWBFeatureTuningTable> {
+  static constexpr auto kSet = &MutableQAWBTuning::SetFeatureTuningTable;
+  static constexpr auto kGet = &MutableQAWBTuning::GetFeatureTuningTable;
+};
+
+template <typename Table>
+class MutableQAWBTuningSetterTest : public testing::Test {};
+
+using TableTypes =
+    testing::Types<QAWBBasicTuningTable, QAWBAdvanceTuningTable,
+                   QAWBColorControlTuningTable, QAWBFeatureTuningTable>;
+TYPED_TEST_SUITE(MutableQAWBTuningSetterTest, TableTypes);
+
+TYPED_TEST(MutableQAWBTuningSetterTest, NullIsRefusedAndChangesNothing) {
+  MutableQAWBTuning tuning;
+  const std::vector<unsigned char> before = Snapshot(tuning);
+  EXPECT_FALSE((tuning.*TableAccess<TypeParam>::kSet)(nullptr));
+  EXPECT_EQ(Snapshot(tuning), before);
+}
+
+TYPED_TEST(MutableQAWBTuningSetterTest, SetTableIsSeenAtTheSameAddress) {
+  MutableQAWBTuning tuning;
+  const MutableQAWBTuning defaults;
+  const TypeParam* address = (tuning.*TableAccess<TypeParam>::kGet)();
+  TypeParam table;
+  FillWithPattern(table, 29, 2);
+  table.version = {3, 2};
+
+  ASSERT_TRUE((tuning.*TableAccess<TypeParam>::kSet)(&table));
+  EXPECT_EQ((tuning.*TableAccess<TypeParam>::kGet)(), address);
+  EXPECT_EQ(address->version.major, 3);
+  EXPECT_EQ(address->version.minor, 2);
+  EXPECT_TRUE(SameBytes(*address, table));
+
+  // The other three tables are left alone.
+  table = *(defaults.*TableAccess<TypeParam>::kGet)();
+  ASSERT_TRUE((tuning.*TableAccess<TypeParam>::kSet)(&table));
+  EXPECT_EQ(Snapshot(tuning), Snapshot(defaults));
+}
+
+}  // namespace
+}  // namespace qawb
