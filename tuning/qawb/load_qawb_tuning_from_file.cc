@@ -1,0 +1,98 @@
+#include "tuning/qawb/load_qawb_tuning_from_file.h"
+
+#include <android-base/logging.h>
+#include <fmt/format.h>
+
+#include <cstring>
+
+#include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "protomsg/tuning_files.h"
+
+namespace q3a_coordinator {
+namespace {
+
+constexpr char kLogTag[] = "Q3ACoordinator";
+
+using Files = std::unordered_map<std::string_view, std::string>;
+using LoadedFormat = fmt::format_string<const std::string&, unsigned, unsigned>;
+
+// Whatever a file leaves out reads as zero.
+template <typename Table>
+void PrepareScratch(Table& table) {
+  std::memset(&table, 0, sizeof(table));
+}
+
+// Model entries missing from the file are marked unused by a bipolar factor
+// of -1, which the AWB algorithm checks for.
+void PrepareScratch(qawb::QAWBFeatureTuningTable& table) {
+  std::memset(&table, 0, sizeof(table));
+  for (qawb::QAWBAsdModelTuning& model :
+       table.asd_aggregator_tuning_table.model_tuning) {
+    model.bipolar_factor = -1.0f;
+  }
+}
+
+// Loads one table into `tuning` by the rules of LoadQawbTuningFromFile.
+template <typename Table>
+void LoadTable(const Files& files, std::string_view key,
+               bool (*read)(const std::string&, Table&),
+               bool (qawb::MutableQAWBTuning::*set)(const Table*),
+               const Table* (qawb::QAWBTuning::*get)() const,
+               LoadedFormat loaded_format, const qawb::QAWBTuning& fixed,
+               qawb::MutableQAWBTuning& tuning) {
+  const auto file = files.find(key);
+  if (file == files.end()) {
+    (tuning.*set)((fixed.*get)());
+    return;
+  }
+  const std::string& path = file->second;
+  if (path.empty()) return;
+
+  Table scratch;
+  PrepareScratch(scratch);
+  if (!read(path, scratch)) return;
+  (tuning.*set)(&scratch);
+
+  if (android::base::ShouldLog(android::base::DEBUG, kLogTag)) {
+    const qawb::QAWBParameterVersion& version = (tuning.*get)()->version;
+    android::base::LogMessage(__FILE__, __LINE__, android::base::DEBUG, kLogTag,
+                              -1)
+            .stream()
+        << fmt::format(loaded_format, path, unsigned{version.major},
+                       unsigned{version.minor});
+  }
+}
+
+}  // namespace
+
+const qawb::QAWBTuning* LoadQawbTuningFromFile(const Files& files,
+                                               const qawb::QAWBTuning* fixed) {
+  // Built on the first call even without `fixed`, so it starts from the
+  // default tables; every later call overwrites it in place.
+  static qawb::MutableQAWBTuning tuning;
+  if (fixed == nullptr) return nullptr;
+
+  LoadTable(files, "advance", protomsg::ReadQAWBAdvanceTuningTableWithJson,
+            &qawb::MutableQAWBTuning::SetAdvanceTuningTable,
+            &qawb::QAWBTuning::GetAdvanceTuningTable,
+            "SetAdvanceTuningTable with file \"{}\". (Version:{}.{})", *fixed,
+            tuning);
+  LoadTable(files, "basic", protomsg::ReadQAWBBasicTuningTableWithJson,
+            &qawb::MutableQAWBTuning::SetBasicTuningTable,
+            &qawb::QAWBTuning::GetBasicTuningTable,
+            "SetBasicTuningTable with file \"{}\". (Version:{}.{})", *fixed,
+            tuning);
+  LoadTable(files, "color", protomsg::ReadQAWBColorControlTuningTableWithJson,
+            &qawb::MutableQAWBTuning::SetColorControlTuningTable,
+            &qawb::QAWBTuning::GetColorControlTuningTable,
+            "SetColorControlTuningTable with file \"{}\". (Version:{}.{})",
+            *fixed, tuning);
+  LoadTable(files, "feature", protomsg::ReadQAWBFeatureTuningTableWithJson,
+            &qawb::MutableQAWBTuning::SetFeatureTuningTable,
+            &qawb::QAWBTuning::GetFeatureTuningTable,
+            "SetFeatureTuningTable with file \"{}\". (Version:{}.{})", *fixed,
+            tuning);
+  return &tuning;
+}
+
+}  // namespace q3a_coordinator
