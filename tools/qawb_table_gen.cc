@@ -1,0 +1,233 @@
+// Build-time generator of the built-in AWB tables.
+//
+//   q3a-qawb-table-gen MANIFEST SOURCE_DIR OUT_DIR
+//
+// MANIFEST lists one constant table a line: its kind (basic, advance,
+// color_control or feature), its qualified C++ name and its JSON tuning file
+// relative to SOURCE_DIR; '#' starts a comment. Each file is read with the
+// library's own JSON reader over a zeroed record, and the record is printed as
+// a constexpr aggregate: OUT_DIR gets one source per table, named after the
+// constant, and built_in_qawb_tables.h declaring them all. Files whose content
+// would not change are left alone, so an edit recompiles only its table.
+// Any error names the file and exits non-zero, which fails the build.
+#include <google/protobuf/util/json_util.h>
+
+#include <cstdio>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
+#include "protomsg/tuning_files.h"
+#include "tools/record_initializer_printer.h"
+
+namespace {
+
+struct ManifestEntry {
+  int line = 0;
+  std::string kind;
+  std::string name;  // qualified, e.g. qawb::built_in::kMainStillBasic
+  std::string source;
+};
+
+struct Kind {
+  const char* name;
+  const char* record_type;
+  const char* header;
+};
+
+constexpr Kind kKinds[] = {
+    {"basic", "QAWBBasicTuningTable", "qawb_basic_tuning_table.h"},
+    {"advance", "QAWBAdvanceTuningTable", "qawb_advance_tuning_table.h"},
+    {"color_control", "QAWBColorControlTuningTable",
+     "qawb_color_control_tuning_table.h"},
+    {"feature", "QAWBFeatureTuningTable", "qawb_feature_tuning_table.h"},
+};
+
+const Kind* FindKind(const std::string& name) {
+  for (const Kind& kind : kKinds) {
+    if (name == kind.name) return &kind;
+  }
+  return nullptr;
+}
+
+std::string ReadText(const std::string& path, bool& ok) {
+  std::ifstream file(path);
+  std::ostringstream text;
+  text << file.rdbuf();
+  ok = static_cast<bool>(file);
+  return text.str();
+}
+
+bool ParseManifest(const std::string& path,
+                   std::vector<ManifestEntry>& entries) {
+  std::ifstream file(path);
+  if (!file) {
+    std::fprintf(stderr, "%s: cannot open the manifest\n", path.c_str());
+    return false;
+  }
+  std::string text;
+  for (int line = 1; std::getline(file, text); ++line) {
+    text = text.substr(0, text.find('#'));
+    std::istringstream fields(text);
+    ManifestEntry entry;
+    entry.line = line;
+    if (!(fields >> entry.kind)) continue;
+    std::string extra;
+    if (!(fields >> entry.name >> entry.source) || fields >> extra ||
+        FindKind(entry.kind) == nullptr) {
+      std::fprintf(stderr,
+                   "%s:%d: expected 'KIND NAME SOURCE' with KIND one of "
+                   "basic, advance, color_control, feature\n",
+                   path.c_str(), line);
+      return false;
+    }
+    entries.push_back(entry);
+  }
+  return true;
+}
+
+// The reader reports only success, so on failure the file is parsed again
+// with the same options to tell why.
+std::string WhyNotReadable(const std::string& path, const std::string& kind) {
+  bool ok = false;
+  const std::string text = ReadText(path, ok);
+  if (!ok) return "cannot be read";
+  if (text.empty()) return "is empty";
+  google::protobuf::util::JsonParseOptions options;
+  options.ignore_unknown_fields = false;
+  std::unique_ptr<google::protobuf::Message> message;
+  if (kind == "basic")
+    message = std::make_unique<qawb::tuning::QAWBBasicTuningTable>();
+  if (kind == "advance")
+    message = std::make_unique<qawb::tuning::QAWBAdvanceTuningTable>();
+  if (kind == "color_control")
+    message = std::make_unique<qawb::tuning::QAWBColorControlTuningTable>();
+  if (kind == "feature")
+    message = std::make_unique<qawb::tuning::QAWBFeatureTuningTable>();
+  const auto status =
+      google::protobuf::util::JsonStringToMessage(text, message.get(), options);
+  return status.ok() ? "was rejected by the reader"
+                     : "is not a valid " + kind +
+                           " table: " + std::string(status.message());
+}
+
+template <typename Table>
+bool ReadTable(bool (*read)(const std::string&, Table&),
+               const std::string& path, std::string& initializer) {
+  auto table = std::make_unique<Table>();  // value-initialised: all zero
+  if (!read(path, *table)) return false;
+  return q3a_tools::AppendInitializer(initializer, *table);
+}
+
+// Reads one source into an initialiser; false with a message on error.
+bool Generate(const ManifestEntry& entry, const std::string& path,
+              std::string& initializer) {
+  bool ok = false;
+  if (entry.kind == "basic") {
+    ok = ReadTable(&protomsg::ReadQAWBBasicTuningTableWithJson, path,
+                   initializer);
+  } else if (entry.kind == "advance") {
+    ok = ReadTable(&protomsg::ReadQAWBAdvanceTuningTableWithJson, path,
+                   initializer);
+  } else if (entry.kind == "color_control") {
+    ok = ReadTable(&protomsg::ReadQAWBColorControlTuningTableWithJson, path,
+                   initializer);
+  } else {
+    ok = ReadTable(&protomsg::ReadQAWBFeatureTuningTableWithJson, path,
+                   initializer);
+  }
+  if (!ok) {
+    std::fprintf(stderr, "%s: error: %s\n", path.c_str(),
+                 initializer.empty() ? WhyNotReadable(path, entry.kind).c_str()
+                                     : "holds a float that is NaN or infinite");
+  }
+  return ok;
+}
+
+// "a::b::kName" -> namespace "a::b", identifier "kName".
+void SplitName(const std::string& name, std::string& space, std::string& id) {
+  const std::size_t colon = name.rfind("::");
+  space = colon == std::string::npos ? "" : name.substr(0, colon);
+  id = colon == std::string::npos ? name : name.substr(colon + 2);
+}
+
+bool WriteIfChanged(const std::string& path, const std::string& content) {
+  bool exists = false;
+  if (ReadText(path, exists) == content && exists) return true;
+  std::ofstream file(path, std::ios::out | std::ios::trunc);
+  file << content;
+  file.close();
+  if (!file) {
+    std::fprintf(stderr, "%s: error: cannot write\n", path.c_str());
+    return false;
+  }
+  return true;
+}
+
+std::string Header(const std::vector<ManifestEntry>& entries) {
+  std::string out =
+      "// Generated by q3a-qawb-table-gen from the AWB tuning manifest; do not "
+      "edit.\n"
+      "// The built-in AWB tables, constant data compiled from JSON tuning "
+      "files.\n"
+      "#ifndef TUNING_QAWB_BUILT_IN_QAWB_TABLES_H_\n"
+      "#define TUNING_QAWB_BUILT_IN_QAWB_TABLES_H_\n\n";
+  for (const Kind& kind : kKinds) {
+    out += std::string("#include \"awb_records/") + kind.header + "\"\n";
+  }
+  out += '\n';
+  for (const ManifestEntry& entry : entries) {
+    std::string space, id;
+    SplitName(entry.name, space, id);
+    out += "namespace " + space +
+           " {\nextern const ::qawb::" + FindKind(entry.kind)->record_type +
+           " " + id + ";  // " + entry.source + "\n}\n";
+  }
+  out += "\n#endif  // TUNING_QAWB_BUILT_IN_QAWB_TABLES_H_\n";
+  return out;
+}
+
+std::string Source(const ManifestEntry& entry, const std::string& initializer) {
+  std::string space, id;
+  SplitName(entry.name, space, id);
+  return "// Generated by q3a-qawb-table-gen from " + entry.source +
+         "; do not edit.\n"
+         "#include \"tuning/qawb/built_in_qawb_tables.h\"\n\n"
+         "namespace " +
+         space +
+         " {\n\nconstexpr ::qawb::" + FindKind(entry.kind)->record_type + " " +
+         id + " = " + initializer + ";\n\n}  // namespace " + space + "\n";
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 4) {
+    std::fprintf(stderr,
+                 "usage: q3a-qawb-table-gen MANIFEST SOURCE_DIR OUT_DIR\n");
+    return 2;
+  }
+  const std::string source_dir = argv[2];
+  const std::string out_dir = argv[3];
+  std::vector<ManifestEntry> entries;
+  if (!ParseManifest(argv[1], entries)) return 1;
+
+  bool ok =
+      WriteIfChanged(out_dir + "/built_in_qawb_tables.h", Header(entries));
+  for (const ManifestEntry& entry : entries) {
+    std::string initializer;
+    if (!Generate(entry, source_dir + "/" + entry.source, initializer)) {
+      ok = false;
+      continue;
+    }
+    std::string space, id;
+    SplitName(entry.name, space, id);
+    ok = WriteIfChanged(out_dir + "/" + id + ".cc",
+                        Source(entry, initializer)) &&
+         ok;
+  }
+  return ok ? 0 : 1;
+}
