@@ -1,18 +1,302 @@
 // The phone's built-in tuning registry, built by this file's static
 // initialiser when the library loads. Objects and tables are defined in build
-// order, so they are constructed in that order and destroyed in reverse.
+// order, so they are constructed in that order and destroyed in reverse. The
+// tuning data itself is constant: the auto-exposure records and AWB tables
+// are registered or referenced in place, and the other records copy theirs
+// from the tuning headers.
+#include <cstdint>
+#include <initializer_list>
+#include <iterator>
+
+#include "coordinator/actuator_tuning.h"
 #include "coordinator/built_in_registry.h"
+#include "coordinator/camera_characteristics.h"
+#include "coordinator/qaf_tuning.h"
 #include "coordinator/tuning_map.h"
+#include "libs_v4/qAWB/src/base/fixed_qawb_tuning.h"
+#include "tuning/actuator/actuator_tuning_ak7377.h"
+#include "tuning/actuator/actuator_tuning_sem1215sa.h"
+#include "tuning/ae/ae_tuning_records.h"
+#include "tuning/af/qaf_tuning_gn1_preview.h"
+#include "tuning/af/qaf_tuning_gn1_video.h"
+#include "tuning/af/qaf_tuning_imx586_preview.h"
+#include "tuning/af/qaf_tuning_imx586_video.h"
+#include "tuning/cdaf/cdaf_tuning_gn1_binning_preview.h"
+#include "tuning/cdaf/cdaf_tuning_gn1_preview.h"
+#include "tuning/cdaf/cdaf_tuning_imx586_preview.h"
+#include "tuning/qawb/built_in_qawb_tables.h"
 
 namespace {
 
-NodeTuningMap actuator_table;
-NodeTuningMap camera_session_parameters_table;
-NodeTuningMap cdaf_table;
-NodeTuningMap ae_table;
-NodeTuningMap af_table;
-NodeTuningMap awb_table;
-NodeTuningMap static_camera_characteristics_table;
+using q3a_coordinator::CameraCharacteristics;
+using q3a_coordinator::FpsRange;
+using q3a_coordinator::SessionParameters;
+namespace qt = q3a_tuning;
+namespace tables = qawb::built_in;
+
+// One AWB container registered for every combination of the listed lens
+// types and use cases at one camera position.
+struct AwbRegistration {
+  std::int32_t camera_position;
+  std::initializer_list<std::int32_t> lens_types;
+  std::initializer_list<std::int32_t> use_cases;
+  const qawb::FixedQAWBTuning* container;
+};
+
+NodeTuningMap ExpandAwbRegistrations(
+    std::initializer_list<AwbRegistration> registrations) {
+  NodeTuningMap table;
+  for (const AwbRegistration& r : registrations) {
+    for (std::int32_t lens_type : r.lens_types) {
+      for (std::int32_t use_case : r.use_cases) {
+        table.emplace(
+            q3a_api::TuningKey{use_case, -1, r.camera_position, lens_type, -1},
+            r.container);
+      }
+    }
+  }
+  return table;
+}
+
+// Keys are written (use_case, sensor_mode, camera_position, lens_type,
+// reserved) throughout.
+
+actuator::ActuatorTuning ak7377(qt::ak7377::kName, qt::ak7377::kConstants);
+actuator::ActuatorTuning sem1215sa(qt::sem1215sa::kName,
+                                   qt::sem1215sa::kConstants);
+
+NodeTuningMap actuator_table = {
+    {{0, -1, 1, 0, -1}, &ak7377},
+    {{0, -1, 1, 2, -1}, &sem1215sa},
+};
+
+q3a_coordinator::CameraSessionParameters camera_session_parameters({
+    {lumen_api::kCameraPositionBack,
+     {
+         {lumen_api::kLensTypeMain, SessionParameters{1, 5}},
+         {lumen_api::kLensTypeUltraWide, SessionParameters{1, 5}},
+         {lumen_api::kLensTypeTelephoto, SessionParameters{1, 5}},
+     }},
+    {lumen_api::kCameraPositionFront,
+     {
+         {lumen_api::kLensTypeMain, SessionParameters{0, 1}},
+     }},
+});
+
+NodeTuningMap camera_session_parameters_table = {
+    {{0, -1, -1, -1, -1}, &camera_session_parameters},
+};
+
+qaf::CDAFTuningStructure cdaf_gn1_binning_preview(
+    qt::cdaf_gn1_binning_preview::kName,
+    qt::cdaf_gn1_binning_preview::kFirstConfig,
+    qt::cdaf_gn1_binning_preview::kSecondConfig);
+qaf::CDAFTuningStructure cdaf_gn1_preview(qt::cdaf_gn1_preview::kName,
+                                          qt::cdaf_gn1_preview::kFirstConfig,
+                                          qt::cdaf_gn1_preview::kSecondConfig);
+qaf::CDAFTuningStructure cdaf_imx586_preview(
+    qt::cdaf_imx586_preview::kName, qt::cdaf_imx586_preview::kFirstConfig,
+    qt::cdaf_imx586_preview::kSecondConfig);
+
+NodeTuningMap cdaf_table = {
+    {{0, 1, 1, 0, -1}, &cdaf_gn1_preview},
+    {{0, 2, 1, 0, -1}, &cdaf_gn1_binning_preview},
+    {{0, 1, 1, 2, -1}, &cdaf_imx586_preview},
+    {{0, 2, 1, 2, -1}, &cdaf_imx586_preview},
+};
+
+NodeTuningMap ae_table = {
+    {{0, -1, 1, 0, -1}, &qt::ae::kMainPreview},
+    {{1, -1, 1, 0, -1}, &qt::ae::kMainPreview},
+    {{13, -1, 1, 0, -1}, &qt::ae::kMainUseCase13},
+    {{3, -1, 1, 0, -1}, &qt::ae::kMainVideo},
+    {{16, -1, 1, 0, -1}, &qt::ae::kMainUseCase16},
+    {{14, -1, 1, 0, -1}, &qt::ae::kMainUseCase14},
+    {{15, -1, 1, 0, -1}, &qt::ae::kMainUseCase15},
+    {{3, 3, 1, 0, -1}, &qt::ae::kMainVideoSensorMode3},
+    {{0, -1, 1, 1, -1}, &qt::ae::kWidePreview},
+    {{1, -1, 1, 1, -1}, &qt::ae::kWidePreview},
+    {{13, -1, 1, 1, -1}, &qt::ae::kWideUseCase13},
+    {{3, -1, 1, 1, -1}, &qt::ae::kWideVideo},
+    {{16, -1, 1, 1, -1}, &qt::ae::kWideUseCase16},
+    {{14, -1, 1, 1, -1}, &qt::ae::kWideUseCase14},
+    {{0, -1, 2, 0, -1}, &qt::ae::kFrontPreview},
+    {{1, -1, 2, 0, -1}, &qt::ae::kFrontPreview},
+    {{13, -1, 2, 0, -1}, &qt::ae::kFrontUseCase13},
+    {{3, -1, 2, 0, -1}, &qt::ae::kFrontVideo},
+    {{14, -1, 2, 0, -1}, &qt::ae::kFrontUseCase14},
+    {{11, -1, 2, 0, -1}, &qt::ae::kFrontUseCase11},
+    {{12, -1, 2, 0, -1}, &qt::ae::kFrontUseCase12},
+    {{0, -1, 2, 5, -1}, &qt::ae::kFrontPreview},
+    {{1, -1, 2, 5, -1}, &qt::ae::kFrontPreview},
+    {{13, -1, 2, 5, -1}, &qt::ae::kFrontUseCase13},
+    {{3, -1, 2, 5, -1}, &qt::ae::kFrontVideo},
+    {{14, -1, 2, 5, -1}, &qt::ae::kFrontUseCase14},
+    {{11, -1, 2, 5, -1}, &qt::ae::kFrontUseCase11},
+    {{12, -1, 2, 5, -1}, &qt::ae::kFrontUseCase12},
+    {{0, -1, 1, 2, -1}, &qt::ae::kTelePreview},
+    {{1, -1, 1, 2, -1}, &qt::ae::kTelePreview},
+    {{13, -1, 1, 2, -1}, &qt::ae::kTeleUseCase13},
+    {{3, -1, 1, 2, -1}, &qt::ae::kTeleVideo},
+};
+
+qaf::QAFTuningStructure af_gn1_preview(qt::af_gn1_preview::kName,
+                                       qt::af_gn1_preview::kParamsHead,
+                                       qt::af_gn1_preview::kLevelTable,
+                                       qt::af_gn1_preview::kParamsTail);
+qaf::QAFTuningStructure af_gn1_video(qt::af_gn1_video::kName,
+                                     qt::af_gn1_video::kParamsHead,
+                                     qt::af_gn1_video::kLevelTable,
+                                     qt::af_gn1_video::kParamsTail);
+qaf::QAFTuningStructure af_imx586_preview(qt::af_imx586_preview::kName,
+                                          qt::af_imx586_preview::kParamsHead,
+                                          qt::af_imx586_preview::kLevelTable,
+                                          qt::af_imx586_preview::kParamsTail);
+qaf::QAFTuningStructure af_imx586_video(qt::af_imx586_video::kName,
+                                        qt::af_imx586_video::kParamsHead,
+                                        qt::af_imx586_video::kLevelTable,
+                                        qt::af_imx586_video::kParamsTail);
+
+NodeTuningMap af_table = {
+    {{1, -1, 1, 0, -1}, &af_gn1_preview},
+    {{4, -1, 1, 0, -1}, &af_gn1_preview},
+    {{3, -1, 1, 0, -1}, &af_gn1_video},
+    {{1, -1, 1, 2, -1}, &af_imx586_preview},
+    {{4, -1, 1, 2, -1}, &af_imx586_preview},
+    {{3, -1, 1, 2, -1}, &af_imx586_video},
+};
+
+// The AWB containers only point at constant tables, so they are built at
+// compile time.
+// clang-format off
+constinit qawb::FixedQAWBTuning main_still_awb(&tables::kMainStillBasic, &tables::kMainAdvance, &tables::kMainStillColorControl, &tables::kMainStillFeature);
+constinit qawb::FixedQAWBTuning main_video_awb(&tables::kMainPreviewBasic, &tables::kMainAdvance, &tables::kMainPreviewColorControl, &tables::kMainVideoFeature);
+constinit qawb::FixedQAWBTuning main_preview_awb(&tables::kMainPreviewBasic, &tables::kMainAdvance, &tables::kMainPreviewColorControl, &tables::kMainPreviewFeature);
+constinit qawb::FixedQAWBTuning main_use_case_4_awb(&tables::kMainUseCase4Basic, &tables::kMainUseCase4Advance, &tables::kMainUseCase4ColorControl, &tables::kMainUseCase4Feature);
+constinit qawb::FixedQAWBTuning wide_still_awb(&tables::kWideStillBasic, &tables::kWideAdvance, &tables::kWideStillColorControl, &tables::kWideStillFeature);
+constinit qawb::FixedQAWBTuning wide_video_awb(&tables::kWidePreviewBasic, &tables::kWideAdvance, &tables::kWidePreviewColorControl, &tables::kWideVideoFeature);
+constinit qawb::FixedQAWBTuning wide_preview_awb(&tables::kWidePreviewBasic, &tables::kWideAdvance, &tables::kWidePreviewColorControl, &tables::kWidePreviewFeature);
+constinit qawb::FixedQAWBTuning wide_use_case_4_awb(&tables::kWideUseCase4Basic, &tables::kWideUseCase4Advance, &tables::kWideUseCase4ColorControl, &tables::kWideUseCase4Feature);
+constinit qawb::FixedQAWBTuning tele_still_awb(&tables::kTeleStillBasic, &tables::kTeleAdvance, &tables::kTeleStillColorControl, &tables::kTeleStillFeature);
+constinit qawb::FixedQAWBTuning tele_video_awb(&tables::kTelePreviewBasic, &tables::kTeleAdvance, &tables::kTelePreviewColorControl, &tables::kTeleVideoFeature);
+constinit qawb::FixedQAWBTuning tele_preview_awb(&tables::kTelePreviewBasic, &tables::kTeleAdvance, &tables::kTelePreviewColorControl, &tables::kTelePreviewFeature);
+constinit qawb::FixedQAWBTuning tele_use_case_4_awb(&tables::kTeleUseCase4Basic, &tables::kTeleUseCase4Advance, &tables::kTeleUseCase4ColorControl, &tables::kTeleUseCase4Feature);
+constinit qawb::FixedQAWBTuning front_still_awb(&tables::kFrontStillBasic, &tables::kFrontAdvance, &tables::kFrontStillColorControl, &tables::kFrontStillFeature);
+constinit qawb::FixedQAWBTuning front_video_awb(&tables::kFrontPreviewBasic, &tables::kFrontAdvance, &tables::kFrontPreviewColorControl, &tables::kFrontVideoFeature);
+constinit qawb::FixedQAWBTuning front_preview_awb(&tables::kFrontPreviewBasic, &tables::kFrontAdvance, &tables::kFrontPreviewColorControl, &tables::kFrontPreviewFeature);
+constinit qawb::FixedQAWBTuning front_use_case_4_awb(&tables::kFrontUseCase4Basic, &tables::kFrontUseCase4Advance, &tables::kFrontUseCase4ColorControl, &tables::kFrontUseCase4Feature);
+
+NodeTuningMap awb_table = ExpandAwbRegistrations({
+    // position, lens types, use cases, container
+    {1, {0}, {8, 9}, &main_still_awb},
+    {1, {0}, {7, 10}, &main_video_awb},
+    {1, {0}, {0, 1}, &main_preview_awb},
+    {1, {0}, {4}, &main_use_case_4_awb},
+    {1, {1}, {8, 9}, &wide_still_awb},
+    {1, {1}, {7, 10}, &wide_video_awb},
+    {1, {1}, {0, 1}, &wide_preview_awb},
+    {1, {1}, {4}, &wide_use_case_4_awb},
+    {1, {2}, {8, 9}, &tele_still_awb},
+    {1, {2}, {7, 10}, &tele_video_awb},
+    {1, {2}, {0, 1}, &tele_preview_awb},
+    {1, {2}, {4}, &tele_use_case_4_awb},
+    {2, {0}, {8, 9}, &front_still_awb},
+    {2, {0}, {7, 10}, &front_video_awb},
+    {2, {0, 5}, {0, 1}, &front_preview_awb},
+    {2, {0, 5}, {4}, &front_use_case_4_awb},
+});
+// clang-format on
+
+// Lists hold Android camera control enumerator values.
+const FpsRange kFpsWith60[] = {
+    {15, 15}, {15, 30}, {30, 30}, {15, 60}, {60, 60}};
+const FpsRange kFpsUpTo30[] = {{15, 15}, {15, 30}, {30, 30}};
+const std::initializer_list<std::uint8_t> kAllAfModes = {0, 1, 2, 3, 4, 5};
+const std::initializer_list<std::uint8_t> kAllAwbModes = {0, 1, 2, 3, 4,
+                                                          5, 6, 7, 8};
+
+q3a_coordinator::StaticCameraCharacteristics static_camera_characteristics({
+    {lumen_api::kCameraPositionBack,
+     {
+         {lumen_api::kLensTypeMain,
+          CameraCharacteristics{
+              .lens_scalar = 44.444443f,
+              .ae_available_antibanding_modes = {3},
+              .ae_available_modes = {0, 1, 2, 3},
+              .ae_available_target_fps_ranges = {std::begin(kFpsWith60),
+                                                 std::end(kFpsWith60)},
+              .ae_compensation_range = {-24, 24},
+              .ae_compensation_step = {1, 6, 1, 1},
+              .af_available_modes = kAllAfModes,
+              .af_supported = 1,
+              .awb_available_modes = kAllAwbModes,
+              .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
+          }},
+         {lumen_api::kLensTypeUltraWide,
+          CameraCharacteristics{
+              .lens_scalar = 50.761421f,
+              .ae_available_antibanding_modes = {3},
+              .ae_available_modes = {0, 1, 2, 3},
+              .ae_available_target_fps_ranges = {std::begin(kFpsWith60),
+                                                 std::end(kFpsWith60)},
+              .ae_compensation_range = {-24, 24},
+              .ae_compensation_step = {1, 6, 1, 1},
+              .af_available_modes = {0},
+              .af_supported = 0,
+              .awb_available_modes = kAllAwbModes,
+              .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
+          }},
+         {lumen_api::kLensTypeTelephoto,
+          CameraCharacteristics{
+              .lens_scalar = 29.673592f,
+              .ae_available_antibanding_modes = {3},
+              .ae_available_modes = {0, 1, 2, 3},
+              .ae_available_target_fps_ranges = {std::begin(kFpsWith60),
+                                                 std::end(kFpsWith60)},
+              .ae_compensation_range = {-24, 24},
+              .ae_compensation_step = {1, 6, 1, 1},
+              .af_available_modes = kAllAfModes,
+              .af_supported = 1,
+              .awb_available_modes = kAllAwbModes,
+              .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
+          }},
+     }},
+    {lumen_api::kCameraPositionFront,
+     {
+         {lumen_api::kLensTypeMain,
+          CameraCharacteristics{
+              .lens_scalar = 56.818184f,
+              .ae_available_antibanding_modes = {3},
+              .ae_available_modes = {0, 1},
+              .ae_available_target_fps_ranges = {std::begin(kFpsWith60),
+                                                 std::end(kFpsWith60)},
+              .ae_compensation_range = {-24, 24},
+              .ae_compensation_step = {1, 6, 1, 1},
+              .af_available_modes = {0},
+              .af_supported = 0,
+              .awb_available_modes = kAllAwbModes,
+              .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
+          }},
+         {lumen_api::kLensTypeFrontWide,
+          CameraCharacteristics{
+              .lens_scalar = 56.818184f,
+              .ae_available_antibanding_modes = {3},
+              .ae_available_modes = {0, 1},
+              .ae_available_target_fps_ranges = {std::begin(kFpsUpTo30),
+                                                 std::end(kFpsUpTo30)},
+              .ae_compensation_range = {-24, 24},
+              .ae_compensation_step = {1, 6, 1, 1},
+              .af_available_modes = {0},
+              .af_supported = 0,
+              .awb_available_modes = kAllAwbModes,
+              .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
+          }},
+     }},
+});
+
+NodeTuningMap static_camera_characteristics_table = {
+    {{0, -1, -1, -1, -1}, &static_camera_characteristics},
+};
 
 TuningMap registry = {
     {q3a_api::kActuator, &actuator_table},
