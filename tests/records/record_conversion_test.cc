@@ -1,0 +1,202 @@
+// Behaviour every record conversion shares, checked over all 127 records
+// with contents generated from their field lists.
+#include <google/protobuf/descriptor.h>
+#include <google/protobuf/message.h>
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstring>
+#include <string>
+#include <type_traits>
+
+#include "protomsg/internal/field_codec.h"
+#include "protomsg/record_conversions.h"
+#include "tests/support/record_checks.h"
+#include "tests/support/record_pairs.h"
+#include "tests/support/record_values.h"
+
+namespace {
+
+using google::protobuf::FieldDescriptor;
+using google::protobuf::Message;
+using protomsg::internal::kFlatCapacity;
+using q3a_test::MakeRecord;
+using q3a_test::SameBytes;
+
+const FieldDescriptor& FieldNamed(const Message& message, const char* name) {
+  const FieldDescriptor* field = message.GetDescriptor()->FindFieldByName(name);
+  EXPECT_NE(field, nullptr) << message.GetTypeName() << "." << name;
+  return *field;
+}
+
+// Walks a record and its message side by side and expects every repeated
+// field, at every depth, to hold exactly the record array's capacity.
+template <typename Record>
+void ExpectFullCapacity(const Record& record, const Message& message) {
+  const auto* reflection = message.GetReflection();
+  ForEachField(record, [&](const char* name, const auto& field) {
+    using Field = std::remove_cvref_t<decltype(field)>;
+    const FieldDescriptor& descriptor = FieldNamed(message, name);
+    if constexpr (std::is_array_v<Field>) {
+      ASSERT_EQ(reflection->FieldSize(message, &descriptor),
+                static_cast<int>(kFlatCapacity<Field>))
+          << message.GetTypeName() << "." << name;
+      using Element = std::remove_all_extents_t<Field>;
+      if constexpr (qawb::DescribedRecord<Element>) {
+        for (std::size_t i = 0; i < kFlatCapacity<Field>; ++i) {
+          ExpectFullCapacity(
+              field[i], reflection->GetRepeatedMessage(message, &descriptor,
+                                                       static_cast<int>(i)));
+        }
+      }
+    } else if constexpr (qawb::DescribedRecord<Field>) {
+      ASSERT_TRUE(reflection->HasField(message, &descriptor)) << name;
+      ExpectFullCapacity(field, reflection->GetMessage(message, &descriptor));
+    }
+  });
+}
+
+// Resizes a repeated field to `size` elements, dropping from the end or
+// repeating the last element.
+void ResizeRepeated(Message& message, const FieldDescriptor& field, int size) {
+  const auto* reflection = message.GetReflection();
+  while (reflection->FieldSize(message, &field) > size) {
+    reflection->RemoveLast(&message, &field);
+  }
+  while (reflection->FieldSize(message, &field) < size) {
+    const int last = reflection->FieldSize(message, &field) - 1;
+    switch (field.cpp_type()) {
+      case FieldDescriptor::CPPTYPE_INT32:
+        reflection->AddInt32(
+            &message, &field,
+            reflection->GetRepeatedInt32(message, &field, last));
+        break;
+      case FieldDescriptor::CPPTYPE_FLOAT:
+        reflection->AddFloat(
+            &message, &field,
+            reflection->GetRepeatedFloat(message, &field, last));
+        break;
+      case FieldDescriptor::CPPTYPE_BOOL:
+        reflection->AddBool(&message, &field,
+                            reflection->GetRepeatedBool(message, &field, last));
+        break;
+      case FieldDescriptor::CPPTYPE_ENUM:
+        reflection->AddEnumValue(
+            &message, &field,
+            reflection->GetRepeatedEnumValue(message, &field, last));
+        break;
+      case FieldDescriptor::CPPTYPE_MESSAGE:
+        reflection->AddMessage(&message, &field)
+            ->CopyFrom(reflection->GetRepeatedMessage(message, &field, last));
+        break;
+      default:
+        FAIL() << "unexpected field type in " << field.full_name();
+    }
+  }
+}
+
+template <typename Pair>
+class RecordConversion : public ::testing::Test {
+ protected:
+  using Record = typename Pair::Record;
+  using Message = typename Pair::Message;
+
+  static Message ToMessage(const Record& record) {
+    Message message;
+    protomsg::ConvertToMessage(record, message);
+    return message;
+  }
+
+  // Bytes of `a` and `b` outside [offset, offset + size).
+  static bool SameBytesOutside(const Record& a, const Record& b,
+                               std::ptrdiff_t offset, std::size_t size) {
+    const char* pa = reinterpret_cast<const char*>(&a);
+    const char* pb = reinterpret_cast<const char*>(&b);
+    return std::memcmp(pa, pb, offset) == 0 &&
+           std::memcmp(pa + offset + size, pb + offset + size,
+                       sizeof(Record) - offset - size) == 0;
+  }
+};
+TYPED_TEST_SUITE(RecordConversion, q3a_test::AllRecordPairs,
+                 q3a_test::RecordPairName);
+
+TYPED_TEST(RecordConversion, RoundTripKeepsEveryField) {
+  using Record = typename TypeParam::Record;
+  const auto original = MakeRecord<Record>(1);
+  const auto message = this->ToMessage(*original);
+  auto back = MakeRecord<Record>(2);
+  protomsg::ConvertToStruct(message, *back);
+  EXPECT_TRUE(SameBytes(*original, *back));
+}
+
+TYPED_TEST(RecordConversion, FreshMessageCarriesFullCapacity) {
+  using Record = typename TypeParam::Record;
+  auto zeroed = std::make_unique<Record>();
+  std::memset(static_cast<void*>(zeroed.get()), 0, sizeof(Record));
+  ExpectFullCapacity(*zeroed, this->ToMessage(*zeroed));
+}
+
+TYPED_TEST(RecordConversion, RepeatedFieldFillsPrefixAndKeepsTheRest) {
+  using Record = typename TypeParam::Record;
+  const auto source = MakeRecord<Record>(1);
+  ForEachField(*source, [&](const char* name, const auto& field) {
+    using Field = std::remove_cvref_t<decltype(field)>;
+    if constexpr (std::is_array_v<Field>) {
+      constexpr int kCapacity = static_cast<int>(kFlatCapacity<Field>);
+      constexpr std::size_t kElementSize =
+          sizeof(std::remove_all_extents_t<Field>);
+      const auto offset = reinterpret_cast<const char*>(&field) -
+                          reinterpret_cast<const char*>(source.get());
+      for (int size : {0, 1, kCapacity - 1, kCapacity + 3}) {
+        SCOPED_TRACE(testing::Message() << name << " with " << size);
+        auto message = this->ToMessage(*source);
+        ResizeRepeated(message, FieldNamed(message, name), size);
+        auto target = MakeRecord<Record>(2);
+        const auto before = *target;
+        protomsg::ConvertToStruct(message, *target);
+
+        EXPECT_TRUE(
+            this->SameBytesOutside(*source, *target, offset, sizeof(Field)));
+        const char* got = reinterpret_cast<const char*>(target.get()) + offset;
+        const char* from_message =
+            reinterpret_cast<const char*>(source.get()) + offset;
+        const char* kept = reinterpret_cast<const char*>(&before) + offset;
+        for (int i = 0; i < kCapacity; ++i) {
+          const char* want = i < size ? from_message : kept;
+          EXPECT_EQ(std::memcmp(got + i * kElementSize, want + i * kElementSize,
+                                kElementSize),
+                    0)
+              << "element " << i;
+        }
+      }
+    }
+  });
+}
+
+TYPED_TEST(RecordConversion, AbsentSubMessageZeroesScalarsAndKeepsArrays) {
+  using Record = typename TypeParam::Record;
+  const auto source = MakeRecord<Record>(1);
+  ForEachField(*source, [&](const char* name, const auto& field) {
+    using Field = std::remove_cvref_t<decltype(field)>;
+    if constexpr (!std::is_array_v<Field> && qawb::DescribedRecord<Field>) {
+      SCOPED_TRACE(name);
+      auto message = this->ToMessage(*source);
+      message.GetReflection()->ClearField(&message, &FieldNamed(message, name));
+      auto target = MakeRecord<Record>(2);
+      const auto before = *target;
+      protomsg::ConvertToStruct(message, *target);
+
+      const auto offset = reinterpret_cast<const char*>(&field) -
+                          reinterpret_cast<const char*>(source.get());
+      EXPECT_TRUE(
+          this->SameBytesOutside(*source, *target, offset, sizeof(Field)));
+      const auto at = [&](const Record& r) -> const Field& {
+        return *reinterpret_cast<const Field*>(
+            reinterpret_cast<const char*>(&r) + offset);
+      };
+      q3a_test::ExpectDefaultScalarsAndKeptArrays(at(*target), at(before));
+    }
+  });
+}
+
+}  // namespace
