@@ -169,22 +169,22 @@ NodeTuningMap af_table = {
 // The AWB containers only point at constant tables, so they are built at
 // compile time.
 // clang-format off
-constinit qawb::FixedQAWBTuning main_still_awb(&tables::kMainStillBasic, &tables::kMainAdvance, &tables::kMainStillColorControl, &tables::kMainStillFeature);
-constinit qawb::FixedQAWBTuning main_video_awb(&tables::kMainPreviewBasic, &tables::kMainAdvance, &tables::kMainPreviewColorControl, &tables::kMainVideoFeature);
-constinit qawb::FixedQAWBTuning main_preview_awb(&tables::kMainPreviewBasic, &tables::kMainAdvance, &tables::kMainPreviewColorControl, &tables::kMainPreviewFeature);
-constinit qawb::FixedQAWBTuning main_use_case_4_awb(&tables::kMainUseCase4Basic, &tables::kMainUseCase4Advance, &tables::kMainUseCase4ColorControl, &tables::kMainUseCase4Feature);
-constinit qawb::FixedQAWBTuning wide_still_awb(&tables::kWideStillBasic, &tables::kWideAdvance, &tables::kWideStillColorControl, &tables::kWideStillFeature);
-constinit qawb::FixedQAWBTuning wide_video_awb(&tables::kWidePreviewBasic, &tables::kWideAdvance, &tables::kWidePreviewColorControl, &tables::kWideVideoFeature);
-constinit qawb::FixedQAWBTuning wide_preview_awb(&tables::kWidePreviewBasic, &tables::kWideAdvance, &tables::kWidePreviewColorControl, &tables::kWidePreviewFeature);
-constinit qawb::FixedQAWBTuning wide_use_case_4_awb(&tables::kWideUseCase4Basic, &tables::kWideUseCase4Advance, &tables::kWideUseCase4ColorControl, &tables::kWideUseCase4Feature);
-constinit qawb::FixedQAWBTuning tele_still_awb(&tables::kTeleStillBasic, &tables::kTeleAdvance, &tables::kTeleStillColorControl, &tables::kTeleStillFeature);
-constinit qawb::FixedQAWBTuning tele_video_awb(&tables::kTelePreviewBasic, &tables::kTeleAdvance, &tables::kTelePreviewColorControl, &tables::kTeleVideoFeature);
-constinit qawb::FixedQAWBTuning tele_preview_awb(&tables::kTelePreviewBasic, &tables::kTeleAdvance, &tables::kTelePreviewColorControl, &tables::kTelePreviewFeature);
-constinit qawb::FixedQAWBTuning tele_use_case_4_awb(&tables::kTeleUseCase4Basic, &tables::kTeleUseCase4Advance, &tables::kTeleUseCase4ColorControl, &tables::kTeleUseCase4Feature);
-constinit qawb::FixedQAWBTuning front_still_awb(&tables::kFrontStillBasic, &tables::kFrontAdvance, &tables::kFrontStillColorControl, &tables::kFrontStillFeature);
-constinit qawb::FixedQAWBTuning front_video_awb(&tables::kFrontPreviewBasic, &tables::kFrontAdvance, &tables::kFrontPreviewColorControl, &tables::kFrontVideoFeature);
-constinit qawb::FixedQAWBTuning front_preview_awb(&tables::kFrontPreviewBasic, &tables::kFrontAdvance, &tables::kFrontPreviewColorControl, &tables::kFrontPreviewFeature);
-constinit qawb::FixedQAWBTuning front_use_case_4_awb(&tables::kFrontUseCase4Basic, &tables::kFrontUseCase4Advance, &tables::kFrontUseCase4ColorControl, &tables::kFrontUseCase4Feature);
+constinit const qawb::FixedQAWBTuning main_still_awb(&tables::kMainStillBasic, &tables::kMainAdvance, &tables::kMainStillColorControl, &tables::kMainStillFeature);
+constinit const qawb::FixedQAWBTuning main_video_awb(&tables::kMainPreviewBasic, &tables::kMainAdvance, &tables::kMainPreviewColorControl, &tables::kMainVideoFeature);
+constinit const qawb::FixedQAWBTuning main_preview_awb(&tables::kMainPreviewBasic, &tables::kMainAdvance, &tables::kMainPreviewColorControl, &tables::kMainPreviewFeature);
+constinit const qawb::FixedQAWBTuning main_use_case_4_awb(&tables::kMainUseCase4Basic, &tables::kMainUseCase4Advance, &tables::kMainUseCase4ColorControl, &tables::kMainUseCase4Feature);
+constinit const qawb::FixedQAWBTuning wide_still_awb(&tables::kWideStillBasic, &tables::kWideAdvance, &tables::kWideStillColorControl, &tables::kWideStillFeature);
+constinit const qawb::FixedQAWBTuning wide_video_awb(&tables::kWidePreviewBasic, &tables::kWideAdvance, &tables::kWidePreviewColorControl, &tables::kWideVideoFeature);
+constinit const qawb::FixedQAWBTuning wide_preview_awb(&tables::kWidePreviewBasic, &tables::kWideAdvance, &tables::kWidePreviewColorControl, &tables::kWidePreviewFeature);
+constinit const qawb::FixedQAWBTuning wide_use_case_4_awb(&tables::kWideUseCase4Basic, &tables::kWideUseCase4Advance, &tables::kWideUseCase4ColorControl, &tables::kWideUseCase4Feature);
+constinit const qawb::FixedQAWBTuning tele_still_awb(&tables::kTeleStillBasic, &tables::kTeleAdvance, &tables::kTeleStillColorControl, &tables::kTeleStillFeature);
+constinit const qawb::FixedQAWBTuning tele_video_awb(&tables::kTelePreviewBasic, &tables::kTeleAdvance, &tables::kTelePreviewColorControl, &tables::kTeleVideoFeature);
+constinit const qawb::FixedQAWBTuning tele_preview_awb(&tables::kTelePreviewBasic, &tables::kTeleAdvance, &tables::kTelePreviewColorControl, &tables::kTelePreviewFeature);
+constinit const qawb::FixedQAWBTuning tele_use_case_4_awb(&tables::kTeleUseCase4Basic, &tables::kTeleUseCase4Advance, &tables::kTeleUseCase4ColorControl, &tables::kTeleUseCase4Feature);
+constinit const qawb::FixedQAWBTuning front_still_awb(&tables::kFrontStillBasic, &tables::kFrontAdvance, &tables::kFrontStillColorControl, &tables::kFrontStillFeature);
+constinit const qawb::FixedQAWBTuning front_video_awb(&tables::kFrontPreviewBasic, &tables::kFrontAdvance, &tables::kFrontPreviewColorControl, &tables::kFrontVideoFeature);
+constinit const qawb::FixedQAWBTuning front_preview_awb(&tables::kFrontPreviewBasic, &tables::kFrontAdvance, &tables::kFrontPreviewColorControl, &tables::kFrontPreviewFeature);
+constinit const qawb::FixedQAWBTuning front_use_case_4_awb(&tables::kFrontUseCase4Basic, &tables::kFrontUseCase4Advance, &tables::kFrontUseCase4ColorControl, &tables::kFrontUseCase4Feature);
 
 NodeTuningMap awb_table = ExpandAwbRegistrations({
     // position, lens types, use cases, container
