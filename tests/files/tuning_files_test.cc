@@ -1,0 +1,262 @@
+// The tuning file readers and writers of all four tables, in both encodings:
+// what round-trips, what a reader rejects, and that a rejected file leaves
+// the caller's table exactly as it was.
+#include "protomsg/tuning_files.h"
+
+#include <google/protobuf/descriptor.h>
+#include <google/protobuf/message.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "protomsg/record_conversions.h"
+#include "tests/support/record_checks.h"
+#include "tests/support/record_values.h"
+#include "tests/support/scoped_temp_dir.h"
+
+namespace {
+
+using q3a_test::MakeRecord;
+using q3a_test::SameBytes;
+
+enum class Encoding { kJson, kProtobuf };
+
+// Per table: its readers, a table whose file it must reject, and a JSON
+// text that names a frame-summary kind in the wrong letter case (the
+// colour-control table has none).
+template <typename Table>
+struct TableFiles;
+
+template <>
+struct TableFiles<qawb::QAWBBasicTuningTable> {
+  using Other = qawb::QAWBAdvanceTuningTable;
+  static constexpr auto kReadJson = protomsg::ReadQAWBBasicTuningTableWithJson;
+  static constexpr auto kReadProtobuf =
+      protomsg::ReadQAWBBasicTuningTableFromProtobuf;
+  static constexpr const char* kBadEnumCase =
+      R"({"grey_final_trust_level_list": {"bv_stats_trust_info": {)"
+      R"("stats_type": {"target_region": "kQAWBFrameSummaryTypegrey"}}}})";
+};
+
+template <>
+struct TableFiles<qawb::QAWBAdvanceTuningTable> {
+  using Other = qawb::QAWBColorControlTuningTable;
+  static constexpr auto kReadJson =
+      protomsg::ReadQAWBAdvanceTuningTableWithJson;
+  static constexpr auto kReadProtobuf =
+      protomsg::ReadQAWBAdvanceTuningTableFromProtobuf;
+  static constexpr const char* kBadEnumCase =
+      R"({"outdoor_tuning_table": {"outdoor_final_trust_level_list": {)"
+      R"("bv_stats_trust_info": {"stats_type": {"base_region": )"
+      R"(["KQAWBFRAMESUMMARYTYPEGREY"]}}}}})";
+};
+
+template <>
+struct TableFiles<qawb::QAWBColorControlTuningTable> {
+  using Other = qawb::QAWBFeatureTuningTable;
+  static constexpr auto kReadJson =
+      protomsg::ReadQAWBColorControlTuningTableWithJson;
+  static constexpr auto kReadProtobuf =
+      protomsg::ReadQAWBColorControlTuningTableFromProtobuf;
+  static constexpr const char* kBadEnumCase = nullptr;
+};
+
+template <>
+struct TableFiles<qawb::QAWBFeatureTuningTable> {
+  using Other = qawb::QAWBBasicTuningTable;
+  static constexpr auto kReadJson =
+      protomsg::ReadQAWBFeatureTuningTableWithJson;
+  static constexpr auto kReadProtobuf =
+      protomsg::ReadQAWBFeatureTuningTableFromProtobuf;
+  static constexpr const char* kBadEnumCase =
+      R"({"face_tuning_table": {"face_ideal_cct_trust_level_list": {)"
+      R"("stats_type": {"target_region": "kqawbframesummarytypeface"}}}})";
+};
+
+void WriteText(const std::string& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string ReadText(const std::string& path) {
+  std::ostringstream text;
+  text << std::ifstream(path, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+template <typename Table>
+class TuningFiles : public testing::Test {
+ protected:
+  using Files = TableFiles<Table>;
+
+  static void Save(Encoding encoding, const std::string& path,
+                   const Table& table) {
+    if (encoding == Encoding::kJson) {
+      protomsg::SaveTuningTableWithJson(path, table);
+    } else {
+      protomsg::SaveTuningTableWithProtobuf(path, table);
+    }
+  }
+
+  static bool Read(Encoding encoding, const std::string& path, Table& table) {
+    return encoding == Encoding::kJson ? Files::kReadJson(path, table)
+                                       : Files::kReadProtobuf(path, table);
+  }
+
+  // Expects the reader to reject `path` and leave the table untouched.
+  void ExpectRejected(Encoding encoding, const std::string& path,
+                      const std::string& what) {
+    auto table = MakeRecord<Table>(5);
+    const auto before = MakeRecord<Table>(5);
+    EXPECT_FALSE(Read(encoding, path, *table)) << what;
+    EXPECT_TRUE(SameBytes(*table, *before)) << what << " changed the table";
+  }
+
+  q3a_test::ScopedTempDir dir_;
+};
+
+using Tables =
+    testing::Types<qawb::QAWBBasicTuningTable, qawb::QAWBAdvanceTuningTable,
+                   qawb::QAWBColorControlTuningTable,
+                   qawb::QAWBFeatureTuningTable>;
+TYPED_TEST_SUITE(TuningFiles, Tables);
+
+TYPED_TEST(TuningFiles, WriteThenReadKeepsEveryField) {
+  for (Encoding encoding : {Encoding::kJson, Encoding::kProtobuf}) {
+    const std::string path = this->dir_.File("table");
+    const auto written = MakeRecord<TypeParam>(1);
+    this->Save(encoding, path, *written);
+    auto read = MakeRecord<TypeParam>(2);
+    ASSERT_TRUE(this->Read(encoding, path, *read));
+    EXPECT_TRUE(SameBytes(*read, *written));
+  }
+}
+
+TYPED_TEST(TuningFiles, RejectsWhatIsNotThisTablesFile) {
+  const std::string other_json = this->dir_.File("other.json");
+  const std::string other_binary = this->dir_.File("other.pb");
+  const auto other = MakeRecord<typename TestFixture::Files::Other>(3);
+  protomsg::SaveTuningTableWithJson(other_json, *other);
+  protomsg::SaveTuningTableWithProtobuf(other_binary, *other);
+  // A binary file cut in the middle of its first field.
+  const std::string own_binary = this->dir_.File("own.pb");
+  this->Save(Encoding::kProtobuf, own_binary, *MakeRecord<TypeParam>(4));
+  const std::string truncated = this->dir_.File("truncated.pb");
+  WriteText(truncated, ReadText(own_binary).substr(0, 3));
+
+  const struct {
+    const char* what;
+    std::string text;  // written to the file; ignored for the named paths
+  } json_cases[] = {
+      {"unknown field", R"({"no_such_field": 1})"},
+      {"syntax error", R"({"version": {"major": 3,)"},
+      {"empty file", ""},
+      {"whitespace only", "  \n"},
+      {"binary content", ReadText(own_binary)},
+  };
+  for (const auto& c : json_cases) {
+    const std::string path = this->dir_.File("case.json");
+    WriteText(path, c.text);
+    this->ExpectRejected(Encoding::kJson, path, c.what);
+  }
+  if (TestFixture::Files::kBadEnumCase != nullptr) {
+    const std::string path = this->dir_.File("enum.json");
+    WriteText(path, TestFixture::Files::kBadEnumCase);
+    this->ExpectRejected(Encoding::kJson, path, "enum name in other case");
+  }
+  this->ExpectRejected(Encoding::kJson, other_json, "another table's file");
+
+  this->ExpectRejected(Encoding::kProtobuf, truncated, "truncated message");
+  this->ExpectRejected(Encoding::kProtobuf, other_json, "JSON text");
+  for (Encoding encoding : {Encoding::kJson, Encoding::kProtobuf}) {
+    this->ExpectRejected(encoding, "", "empty path");
+    this->ExpectRejected(encoding, this->dir_.File("missing"), "missing file");
+    this->ExpectRejected(encoding, this->dir_.path().string(), "directory");
+  }
+}
+
+TYPED_TEST(TuningFiles, EmptyMessageZeroesScalarsAndKeepsArrays) {
+  const std::string json = this->dir_.File("empty.json");
+  const std::string binary = this->dir_.File("empty.pb");
+  WriteText(json, "{}");
+  WriteText(binary, "");
+  for (Encoding encoding : {Encoding::kJson, Encoding::kProtobuf}) {
+    auto table = MakeRecord<TypeParam>(6);
+    const auto before = MakeRecord<TypeParam>(6);
+    ASSERT_TRUE(this->Read(
+        encoding, encoding == Encoding::kJson ? json : binary, *table));
+    q3a_test::ExpectDefaultScalarsAndKeptArrays(*table, *before);
+  }
+}
+
+// Counts the singular scalar fields of every message in the tree.
+int CountSingularScalars(const google::protobuf::Message& message) {
+  const auto* descriptor = message.GetDescriptor();
+  const auto* reflection = message.GetReflection();
+  int count = 0;
+  for (int i = 0; i < descriptor->field_count(); ++i) {
+    const auto* field = descriptor->field(i);
+    const bool is_message =
+        field->cpp_type() == google::protobuf::FieldDescriptor::CPPTYPE_MESSAGE;
+    if (!is_message) {
+      count += field->is_repeated() ? 0 : 1;
+    } else if (field->is_repeated()) {
+      for (int j = 0; j < reflection->FieldSize(message, field); ++j) {
+        count += CountSingularScalars(
+            reflection->GetRepeatedMessage(message, field, j));
+      }
+    } else {
+      count += CountSingularScalars(reflection->GetMessage(message, field));
+    }
+  }
+  return count;
+}
+
+TEST(JsonTuningFile, ZeroTableStillListsEveryScalar) {
+  q3a_test::ScopedTempDir dir;
+  const std::string path = dir.File("zero.json");
+  const auto zero = std::make_unique<qawb::QAWBFeatureTuningTable>();
+  protomsg::SaveTuningTableWithJson(path, *zero);
+
+  qawb::tuning::QAWBFeatureTuningTable message;
+  protomsg::ConvertToMessage(*zero, message);
+  // The printer puts each scalar on a line of its own, as "name": value.
+  std::istringstream text(ReadText(path));
+  int scalar_lines = 0;
+  for (std::string line; std::getline(text, line);) {
+    const auto colon = line.find("\": ");
+    if (colon != std::string::npos && line.back() != '{' &&
+        line.back() != '[') {
+      ++scalar_lines;
+    }
+  }
+  EXPECT_EQ(scalar_lines, CountSingularScalars(message));
+}
+
+TEST(JsonTuningFile, MatchesTheGoldenFileByteForByte) {
+  auto table = std::make_unique<qawb::QAWBAdvanceTuningTable>();
+  table->version = {3, 2};
+  auto& special = table->special_color_tuning_table;
+  special.enable_flag = 1;
+  special.special_color_group_number = 1;
+  special.special_color_group_list[0].weight = 0.75f;
+  special.special_color_group_list[0].special_color_region_number = 1;
+  auto& region =
+      special.special_color_group_list[0].special_color_region_list[0];
+  region.bv_number = 1;
+  region.special_color_region_bv_list[0] = {-3, {6500, 4800, -12, 30}};
+  auto& trust = table->outdoor_tuning_table.outdoor_final_trust_level_list;
+  trust.bv_stats_trust_info.stats_type.target_region =
+      qawb::kQAWBFrameSummaryTypeOutdoor;
+  trust.bv_trust_info.bv_set.bv_trust_list[0] = {70, 0.125f};
+
+  q3a_test::ScopedTempDir dir;
+  const std::string path = dir.File("advance.json");
+  protomsg::SaveTuningTableWithJson(path, *table);
+  EXPECT_EQ(ReadText(path),
+            ReadText(std::string(Q3A_TEST_DATA_DIR) + "/advance_table.json"));
+}
+
+}  // namespace
