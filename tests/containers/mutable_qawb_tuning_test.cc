@@ -15,6 +15,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/scoped_temp_dir.h"
+
 namespace qawb {
 namespace {
 
@@ -78,9 +80,6 @@ std::vector<unsigned char> Snapshot(const MutableQAWBTuning& tuning) {
 class MutableQAWBTuningTest : public testing::Test {
  protected:
   void SetUp() override {
-    std::string pattern = testing::TempDir() + "mutable_qawb_tuning_XXXXXX";
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr) << std::strerror(errno);
-    dir_ = pattern;
     captured_lines = &lines_;
     __android_log_set_logger(CaptureLine);
 
@@ -93,12 +92,9 @@ class MutableQAWBTuningTest : public testing::Test {
   void TearDown() override {
     __android_log_set_logger(__android_log_stderr_logger);
     captured_lines = nullptr;
-    std::filesystem::remove_all(dir_);
   }
 
-  std::string PathOf(const std::string& name) const {
-    return (dir_ / name).string();
-  }
+  std::string PathOf(const std::string& name) const { return dir_.File(name); }
 
   void WriteBytes(const std::string& path, std::size_t size) const {
     std::ofstream out(path, std::ios::binary);
@@ -117,7 +113,7 @@ class MutableQAWBTuningTest : public testing::Test {
         tuning.ReadFromTable(&basic_, &advance_, &color_control_, &feature_));
   }
 
-  std::filesystem::path dir_;
+  q3a_test::ScopedTempDir dir_;
   std::vector<LogLine> lines_;
   QAWBBasicTuningTable basic_;
   QAWBAdvanceTuningTable advance_;
@@ -257,7 +253,7 @@ TEST_F(MutableQAWBTuningTest, DirectoryIsRejected) {
   LoadPatternedTables(tuning);
   const std::vector<unsigned char> before = Snapshot(tuning);
 
-  EXPECT_FALSE(tuning.ReadFromFile(dir_.string()));
+  EXPECT_FALSE(tuning.ReadFromFile(dir_.path().string()));
   EXPECT_EQ(Snapshot(tuning), before);
   ASSERT_EQ(lines_.size(), 1u);
   EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);

@@ -21,6 +21,7 @@
 #include "libs_v4/qAWB/src/base/fixed_qawb_tuning.h"
 #include "protomsg/tuning_files.h"
 #include "tests/support/record_values.h"
+#include "tests/support/scoped_temp_dir.h"
 #include "tuning/qawb/load_qawb_tuning_from_file.h"
 
 namespace q3a_test {
@@ -59,9 +60,6 @@ inline TableSet MakeTableSet(int first_seed, uint16_t major) {
 class LoaderTest : public testing::Test {
  protected:
   void SetUp() override {
-    std::string pattern = testing::TempDir() + "qawb_loader_XXXXXX";
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr) << std::strerror(errno);
-    dir_ = pattern;
     basic_path_ = PathOf("basic.json");
     advance_path_ = PathOf("advance.json");
     color_path_ = PathOf("color.json");
@@ -85,11 +83,10 @@ class LoaderTest : public testing::Test {
   void TearDown() override {
     android::base::SetLogger(android::base::StderrLogger);
     android::base::SetMinimumLogSeverity(old_severity_);
-    std::filesystem::remove_all(dir_);
   }
 
   std::string PathOf(std::string_view name) const {
-    return (dir_ / name).string();
+    return dir_.File(std::string(name));
   }
 
   FileMap AllFiles() const {
@@ -122,7 +119,7 @@ class LoaderTest : public testing::Test {
         << "feature";
   }
 
-  std::filesystem::path dir_;
+  q3a_test::ScopedTempDir dir_;
   const TableSet fixed_tables_ = MakeTableSet(1, 5);
   const TableSet from_file_ = MakeTableSet(11, 7);
   const qawb::FixedQAWBTuning fixed_{

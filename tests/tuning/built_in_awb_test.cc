@@ -11,6 +11,7 @@
 
 #include "libs_v4/qAWB/src/base/fixed_qawb_tuning.h"
 #include "protomsg/tuning_files.h"
+#include "tests/support/scoped_temp_dir.h"
 #include "tests/tuning/registry_lookup.h"
 
 namespace {
@@ -225,20 +226,13 @@ TEST(BuiltInAwb, BasicTablesCarryTheirCameraValues) {
 // tuning engineer's round trip through the tool loses nothing.
 class BuiltInAwbJsonRoundTrip : public testing::Test {
  protected:
-  void SetUp() override {
-    dir_ = std::filesystem::temp_directory_path() /
-           ("built_in_awb_" + std::to_string(::getpid()));
-    std::filesystem::create_directories(dir_);
-  }
-  void TearDown() override { std::filesystem::remove_all(dir_); }
-
   template <typename Record>
   void ExpectRoundTrip(const TablesByNumber<Record>& tables,
                        bool (*read)(const std::string&, Record&),
                        const char* kind) {
     for (const auto& [number, table] : tables) {
       const std::string path =
-          (dir_ / (kind + std::to_string(number) + ".json")).string();
+          dir_.File(kind + std::to_string(number) + ".json");
       protomsg::SaveTuningTableWithJson(path, *table);
       auto back = std::make_unique<Record>();
       ASSERT_TRUE(read(path, *back)) << kind << number;
@@ -247,7 +241,7 @@ class BuiltInAwbJsonRoundTrip : public testing::Test {
     }
   }
 
-  std::filesystem::path dir_;
+  q3a_test::ScopedTempDir dir_;
 };
 
 TEST_F(BuiltInAwbJsonRoundTrip, EveryTableReadsBackToTheSameBytes) {
