@@ -1,0 +1,28 @@
+// Fuzzes the four binary protobuf tuning file readers; the first input byte
+// picks the table.
+#include <cstddef>
+#include <cstdint>
+
+#include "fuzz/fuzz_support.h"
+#include "fuzz/table_file_check.h"
+#include "protomsg/tuning_files.h"
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  q3a_fuzz::SilenceLogs();
+  return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  static const q3a_fuzz::TableFormats kProtobuf = {
+      {protomsg::ReadQAWBBasicTuningTableFromProtobuf,
+       protomsg::SaveTuningTableWithProtobuf},
+      {protomsg::ReadQAWBAdvanceTuningTableFromProtobuf,
+       protomsg::SaveTuningTableWithProtobuf},
+      {protomsg::ReadQAWBColorControlTuningTableFromProtobuf,
+       protomsg::SaveTuningTableWithProtobuf},
+      {protomsg::ReadQAWBFeatureTuningTableFromProtobuf,
+       protomsg::SaveTuningTableWithProtobuf},
+  };
+  q3a_fuzz::CheckSelectedTableFile(data, size, kProtobuf);
+  return 0;
+}
