@@ -4,6 +4,8 @@
 // tuning data itself is constant: the auto-exposure records and AWB tables
 // are registered or referenced in place, and the other records copy theirs
 // from the tuning headers.
+#include <android-base/no_destructor.h>
+
 #include <cstdint>
 #include <initializer_list>
 #include <iterator>
@@ -166,44 +168,95 @@ NodeTuningMap af_table = {
     {{3, -1, 1, 2, -1}, &af_imx586_video},
 };
 
-// The AWB containers only point at constant tables, so they are built at
-// compile time.
-// clang-format off
-constinit const qawb::FixedQAWBTuning main_still_awb(&tables::kMainStillBasic, &tables::kMainAdvance, &tables::kMainStillColorControl, &tables::kMainStillFeature);
-constinit const qawb::FixedQAWBTuning main_video_awb(&tables::kMainPreviewBasic, &tables::kMainAdvance, &tables::kMainPreviewColorControl, &tables::kMainVideoFeature);
-constinit const qawb::FixedQAWBTuning main_preview_awb(&tables::kMainPreviewBasic, &tables::kMainAdvance, &tables::kMainPreviewColorControl, &tables::kMainPreviewFeature);
-constinit const qawb::FixedQAWBTuning main_use_case_4_awb(&tables::kMainUseCase4Basic, &tables::kMainUseCase4Advance, &tables::kMainUseCase4ColorControl, &tables::kMainUseCase4Feature);
-constinit const qawb::FixedQAWBTuning wide_still_awb(&tables::kWideStillBasic, &tables::kWideAdvance, &tables::kWideStillColorControl, &tables::kWideStillFeature);
-constinit const qawb::FixedQAWBTuning wide_video_awb(&tables::kWidePreviewBasic, &tables::kWideAdvance, &tables::kWidePreviewColorControl, &tables::kWideVideoFeature);
-constinit const qawb::FixedQAWBTuning wide_preview_awb(&tables::kWidePreviewBasic, &tables::kWideAdvance, &tables::kWidePreviewColorControl, &tables::kWidePreviewFeature);
-constinit const qawb::FixedQAWBTuning wide_use_case_4_awb(&tables::kWideUseCase4Basic, &tables::kWideUseCase4Advance, &tables::kWideUseCase4ColorControl, &tables::kWideUseCase4Feature);
-constinit const qawb::FixedQAWBTuning tele_still_awb(&tables::kTeleStillBasic, &tables::kTeleAdvance, &tables::kTeleStillColorControl, &tables::kTeleStillFeature);
-constinit const qawb::FixedQAWBTuning tele_video_awb(&tables::kTelePreviewBasic, &tables::kTeleAdvance, &tables::kTelePreviewColorControl, &tables::kTeleVideoFeature);
-constinit const qawb::FixedQAWBTuning tele_preview_awb(&tables::kTelePreviewBasic, &tables::kTeleAdvance, &tables::kTelePreviewColorControl, &tables::kTelePreviewFeature);
-constinit const qawb::FixedQAWBTuning tele_use_case_4_awb(&tables::kTeleUseCase4Basic, &tables::kTeleUseCase4Advance, &tables::kTeleUseCase4ColorControl, &tables::kTeleUseCase4Feature);
-constinit const qawb::FixedQAWBTuning front_still_awb(&tables::kFrontStillBasic, &tables::kFrontAdvance, &tables::kFrontStillColorControl, &tables::kFrontStillFeature);
-constinit const qawb::FixedQAWBTuning front_video_awb(&tables::kFrontPreviewBasic, &tables::kFrontAdvance, &tables::kFrontPreviewColorControl, &tables::kFrontVideoFeature);
-constinit const qawb::FixedQAWBTuning front_preview_awb(&tables::kFrontPreviewBasic, &tables::kFrontAdvance, &tables::kFrontPreviewColorControl, &tables::kFrontPreviewFeature);
-constinit const qawb::FixedQAWBTuning front_use_case_4_awb(&tables::kFrontUseCase4Basic, &tables::kFrontUseCase4Advance, &tables::kFrontUseCase4ColorControl, &tables::kFrontUseCase4Feature);
+// The AWB containers only point at constant tables and have nothing to
+// release, so they are never destroyed and no exit destructor is registered
+// for them.
+using AwbContainer = android::base::NoDestructor<const qawb::FixedQAWBTuning>;
 
+const AwbContainer main_still_awb(&tables::kMainStillBasic,
+                                  &tables::kMainAdvance,
+                                  &tables::kMainStillColorControl,
+                                  &tables::kMainStillFeature);
+const AwbContainer main_video_awb(&tables::kMainPreviewBasic,
+                                  &tables::kMainAdvance,
+                                  &tables::kMainPreviewColorControl,
+                                  &tables::kMainVideoFeature);
+const AwbContainer main_preview_awb(&tables::kMainPreviewBasic,
+                                    &tables::kMainAdvance,
+                                    &tables::kMainPreviewColorControl,
+                                    &tables::kMainPreviewFeature);
+const AwbContainer main_use_case_4_awb(&tables::kMainUseCase4Basic,
+                                       &tables::kMainUseCase4Advance,
+                                       &tables::kMainUseCase4ColorControl,
+                                       &tables::kMainUseCase4Feature);
+const AwbContainer wide_still_awb(&tables::kWideStillBasic,
+                                  &tables::kWideAdvance,
+                                  &tables::kWideStillColorControl,
+                                  &tables::kWideStillFeature);
+const AwbContainer wide_video_awb(&tables::kWidePreviewBasic,
+                                  &tables::kWideAdvance,
+                                  &tables::kWidePreviewColorControl,
+                                  &tables::kWideVideoFeature);
+const AwbContainer wide_preview_awb(&tables::kWidePreviewBasic,
+                                    &tables::kWideAdvance,
+                                    &tables::kWidePreviewColorControl,
+                                    &tables::kWidePreviewFeature);
+const AwbContainer wide_use_case_4_awb(&tables::kWideUseCase4Basic,
+                                       &tables::kWideUseCase4Advance,
+                                       &tables::kWideUseCase4ColorControl,
+                                       &tables::kWideUseCase4Feature);
+const AwbContainer tele_still_awb(&tables::kTeleStillBasic,
+                                  &tables::kTeleAdvance,
+                                  &tables::kTeleStillColorControl,
+                                  &tables::kTeleStillFeature);
+const AwbContainer tele_video_awb(&tables::kTelePreviewBasic,
+                                  &tables::kTeleAdvance,
+                                  &tables::kTelePreviewColorControl,
+                                  &tables::kTeleVideoFeature);
+const AwbContainer tele_preview_awb(&tables::kTelePreviewBasic,
+                                    &tables::kTeleAdvance,
+                                    &tables::kTelePreviewColorControl,
+                                    &tables::kTelePreviewFeature);
+const AwbContainer tele_use_case_4_awb(&tables::kTeleUseCase4Basic,
+                                       &tables::kTeleUseCase4Advance,
+                                       &tables::kTeleUseCase4ColorControl,
+                                       &tables::kTeleUseCase4Feature);
+const AwbContainer front_still_awb(&tables::kFrontStillBasic,
+                                   &tables::kFrontAdvance,
+                                   &tables::kFrontStillColorControl,
+                                   &tables::kFrontStillFeature);
+const AwbContainer front_video_awb(&tables::kFrontPreviewBasic,
+                                   &tables::kFrontAdvance,
+                                   &tables::kFrontPreviewColorControl,
+                                   &tables::kFrontVideoFeature);
+const AwbContainer front_preview_awb(&tables::kFrontPreviewBasic,
+                                     &tables::kFrontAdvance,
+                                     &tables::kFrontPreviewColorControl,
+                                     &tables::kFrontPreviewFeature);
+const AwbContainer front_use_case_4_awb(&tables::kFrontUseCase4Basic,
+                                        &tables::kFrontUseCase4Advance,
+                                        &tables::kFrontUseCase4ColorControl,
+                                        &tables::kFrontUseCase4Feature);
+
+// clang-format off
 NodeTuningMap awb_table = ExpandAwbRegistrations({
     // position, lens types, use cases, container
-    {1, {0}, {8, 9}, &main_still_awb},
-    {1, {0}, {7, 10}, &main_video_awb},
-    {1, {0}, {0, 1}, &main_preview_awb},
-    {1, {0}, {4}, &main_use_case_4_awb},
-    {1, {1}, {8, 9}, &wide_still_awb},
-    {1, {1}, {7, 10}, &wide_video_awb},
-    {1, {1}, {0, 1}, &wide_preview_awb},
-    {1, {1}, {4}, &wide_use_case_4_awb},
-    {1, {2}, {8, 9}, &tele_still_awb},
-    {1, {2}, {7, 10}, &tele_video_awb},
-    {1, {2}, {0, 1}, &tele_preview_awb},
-    {1, {2}, {4}, &tele_use_case_4_awb},
-    {2, {0}, {8, 9}, &front_still_awb},
-    {2, {0}, {7, 10}, &front_video_awb},
-    {2, {0, 5}, {0, 1}, &front_preview_awb},
-    {2, {0, 5}, {4}, &front_use_case_4_awb},
+    {1, {0}, {8, 9}, main_still_awb.get()},
+    {1, {0}, {7, 10}, main_video_awb.get()},
+    {1, {0}, {0, 1}, main_preview_awb.get()},
+    {1, {0}, {4}, main_use_case_4_awb.get()},
+    {1, {1}, {8, 9}, wide_still_awb.get()},
+    {1, {1}, {7, 10}, wide_video_awb.get()},
+    {1, {1}, {0, 1}, wide_preview_awb.get()},
+    {1, {1}, {4}, wide_use_case_4_awb.get()},
+    {1, {2}, {8, 9}, tele_still_awb.get()},
+    {1, {2}, {7, 10}, tele_video_awb.get()},
+    {1, {2}, {0, 1}, tele_preview_awb.get()},
+    {1, {2}, {4}, tele_use_case_4_awb.get()},
+    {2, {0}, {8, 9}, front_still_awb.get()},
+    {2, {0}, {7, 10}, front_video_awb.get()},
+    {2, {0, 5}, {0, 1}, front_preview_awb.get()},
+    {2, {0, 5}, {4}, front_use_case_4_awb.get()},
 });
 // clang-format on
 
