@@ -1,0 +1,151 @@
+// `load`: runs the library's override loader over a registered container
+// exactly as the camera service does, and shows what it did: its DEBUG
+// lines, and for each table whether it came from a file, from the fixed
+// container, or stayed as it was because the file was not loaded (which
+// the loader itself never reports).
+#include <android-base/logging.h>
+#include <fmt/format.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "tools/q3a_tuning/commands.h"
+#include "tools/q3a_tuning/table_diagnostics.h"
+#include "tools/q3a_tuning/table_sources.h"
+#include "tuning/qawb/load_qawb_tuning_from_file.h"
+
+namespace q3a_tool {
+namespace {
+
+struct LoadOptions {
+  std::vector<std::string> assignments;
+  std::string key;
+  std::string output;
+};
+
+// The setter the loader names in its DEBUG line for each table.
+std::string_view SetterName(TableKind kind) {
+  switch (kind) {
+    case TableKind::kBasic:
+      return "SetBasicTuningTable";
+    case TableKind::kAdvance:
+      return "SetAdvanceTuningTable";
+    case TableKind::kColor:
+      return "SetColorControlTuningTable";
+    case TableKind::kFeature:
+      break;
+  }
+  return "SetFeatureTuningTable";
+}
+
+std::string_view SeverityLetter(android::base::LogSeverity severity) {
+  static constexpr std::string_view kLetters = "VDIWEFF";
+  const int index = static_cast<int>(severity);
+  return index >= 0 && index < static_cast<int>(kLetters.size())
+             ? kLetters.substr(index, 1)
+             : "?";
+}
+
+int RunLoad(const LoadOptions& options) {
+  // The loader looks up exact keys; the map's string_views point into this.
+  std::unordered_map<std::string, std::string> files;
+  for (const std::string& assignment : options.assignments) {
+    const std::size_t equals = assignment.find('=');
+    const std::string name = assignment.substr(0, equals);
+    if (equals == std::string::npos || !ParseTableKind(name)) {
+      throw CLI::ValidationError(
+          "files", fmt::format("'{}': expected TABLE=PATH with TABLE one of "
+                               "basic, advance, color, feature (the loader "
+                               "would silently ignore any other name)",
+                               assignment));
+    }
+    files[name] = assignment.substr(equals + 1);
+  }
+  const qawb::QAWBTuning& fixed = RegisteredContainer(options.key);
+
+  std::vector<std::string> lines;
+  android::base::SetMinimumLogSeverity(android::base::VERBOSE);
+  android::base::SetLogger([&lines](android::base::LogId,
+                                    android::base::LogSeverity severity,
+                                    const char* tag, const char*, unsigned int,
+                                    const char* message) {
+    lines.push_back(fmt::format("{} {}: {}", SeverityLetter(severity),
+                                tag == nullptr ? "" : tag, message));
+  });
+  std::unordered_map<std::string_view, std::string> file_map;
+  for (const auto& [name, path] : files) file_map.emplace(name, path);
+  const qawb::QAWBTuning* result =
+      q3a_coordinator::LoadQawbTuningFromFile(file_map, &fixed);
+  android::base::SetLogger(android::base::StderrLogger);
+
+  for (const std::string& line : lines) fmt::print("{}\n", line);
+  if (result == nullptr) {
+    fmt::print(stderr, "the loader returned no container\n");
+    return kExitFailure;
+  }
+  int status = kExitOk;
+  for (TableKind kind : kAllTableKinds) {
+    const std::string version = VersionString(*TableVersion(*result, kind));
+    const auto file = files.find(std::string(TableName(kind)));
+    if (file == files.end()) {
+      fmt::print("{:<8} {:<6} from the fixed container awb:{}\n",
+                 TableName(kind), version, options.key);
+      continue;
+    }
+    bool logged = false;
+    for (const std::string& line : lines) {
+      if (line.find(SetterName(kind)) != std::string::npos) logged = true;
+    }
+    if (logged) {
+      fmt::print("{:<8} {:<6} from {}\n", TableName(kind), version,
+                 file->second);
+      continue;
+    }
+    fmt::print(
+        "{:<8} {:<6} unchanged (the default table): {} was not "
+        "loaded\n",
+        TableName(kind), version,
+        file->second.empty() ? "the path is empty" : file->second);
+    if (!file->second.empty()) {
+      fmt::print(stderr, "{}\n",
+                 DescribeReadFailure(file->second, FileFormat::kJson, kind));
+    }
+    status = kExitFailure;
+  }
+  if (!options.output.empty()) {
+    auto copy = std::make_unique<qawb::MutableQAWBTuning>();
+    copy->ReadFromTable(
+        result->GetBasicTuningTable(), result->GetAdvanceTuningTable(),
+        result->GetColorControlTuningTable(), result->GetFeatureTuningTable());
+    copy->WriteToFile(options.output);
+    fmt::print("{}\n", options.output);
+  }
+  return status;
+}
+
+}  // namespace
+
+void AddLoadCommand(CLI::App& app, int& exit_code) {
+  auto options = std::make_shared<LoadOptions>();
+  auto* command = app.add_subcommand(
+      "load",
+      "Run the override loader with JSON tuning files over a registered AWB "
+      "container; print its DEBUG lines and where each table came from. "
+      "Exit 1 if a named file was not loaded.");
+  command->add_option(
+      "files", options->assignments,
+      "TABLE=PATH, TABLE one of basic, advance, color, feature");
+  command
+      ->add_option("--key", options->key,
+                   "Key of the registered AWB container to fall back to")
+      ->required();
+  command->add_option("-o,--output", options->output,
+                      "Write the result as a tuning binary file");
+  command->callback([&exit_code, options] { exit_code = RunLoad(*options); });
+}
+
+}  // namespace q3a_tool

@@ -1,0 +1,73 @@
+// `plot`: an SVG picture of a basic table (see svg_plot.h).
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "tools/q3a_tuning/commands.h"
+#include "tools/q3a_tuning/svg_plot.h"
+#include "tools/q3a_tuning/table_diagnostics.h"
+#include "tools/q3a_tuning/table_guess.h"
+#include "tools/q3a_tuning/table_sources.h"
+
+namespace q3a_tool {
+namespace {
+
+struct PlotOptions {
+  std::string input;
+  std::string table = "basic";
+  std::string output;
+};
+
+int RunPlot(const PlotOptions& options) {
+  if (options.table != "basic") {
+    throw CLI::ValidationError("--table", "only basic tables can be plotted");
+  }
+  const auto defaults = DefaultContainer();
+  const TableOperand operand = ParseTableOperand(options.input, *defaults);
+  if (operand.kind && *operand.kind != TableKind::kBasic) {
+    throw CLI::ValidationError("input", "only basic tables can be plotted");
+  }
+  auto table = MakeZeroedTable<qawb::QAWBBasicTuningTable>();
+  if (operand.container != nullptr) {
+    *table = *operand.container->GetBasicTuningTable();
+  } else {
+    std::string error;
+    if (!LoadTableFile(operand.file, ResolveFormat(operand.file, ""), *table,
+                       error)) {
+      fmt::print(stderr, "{}\n", error);
+      return kExitFailure;
+    }
+  }
+  const std::string svg = RenderBasicTableSvg(*table, operand.name);
+  std::FILE* file = std::fopen(options.output.c_str(), "w");
+  const bool written = file != nullptr && std::fwrite(svg.data(), 1, svg.size(),
+                                                      file) == svg.size();
+  if (file != nullptr && std::fclose(file) != 0) return kExitFailure;
+  if (!written) {
+    fmt::print(stderr, "{}: could not write the file\n", options.output);
+    return kExitFailure;
+  }
+  fmt::print("{}\n", options.output);
+  return kExitOk;
+}
+
+}  // namespace
+
+void AddPlotCommand(CLI::App& app, int& exit_code) {
+  auto options = std::make_shared<PlotOptions>();
+  auto* command = app.add_subcommand(
+      "plot",
+      "Draw a basic table as SVG: reference white points and golden modules "
+      "in the R/G-B/G plane, illuminant weights as a BV x CCT heat map. The "
+      "input is a tuning file, awb:KEY:basic or defaults:basic.");
+  command->add_option("input", options->input, "The basic table")->required();
+  command->add_option("--table", options->table, "Only basic")
+      ->capture_default_str();
+  command->add_option("-o,--output", options->output, "SVG file to write")
+      ->required();
+  command->callback([&exit_code, options] { exit_code = RunPlot(*options); });
+}
+
+}  // namespace q3a_tool
