@@ -4,7 +4,7 @@
 BUILD_DIR ?= build
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build run test clean
+.PHONY: all deps configure build run test clean sanitize fuzz
 
 all: build
 
@@ -22,6 +22,29 @@ run: build
 
 test: build
 	@ctest --test-dir $(BUILD_DIR) --output-on-failure -j 2
+
+# The test suite built with ASan and UBSan, then the concurrency suite built
+# with ThreadSanitizer, each in its own build directory.
+ASAN_DIR ?= build-asan
+TSAN_DIR ?= build-tsan
+SANITIZE_FLAGS = -DQ3A_BUILD_BENCHMARKS=OFF $(CMAKE_FLAGS)
+sanitize: deps
+	@cmake -S . -B $(ASAN_DIR) -G Ninja -DQ3A_SANITIZERS=address,undefined $(SANITIZE_FLAGS) >/dev/null
+	@cmake --build $(ASAN_DIR)
+	@ctest --test-dir $(ASAN_DIR) --output-on-failure -j 2
+	@cmake -S . -B $(TSAN_DIR) -G Ninja -DQ3A_SANITIZERS=thread $(SANITIZE_FLAGS) >/dev/null
+	@cmake --build $(TSAN_DIR) --target hardening_concurrency_test
+	@$(TSAN_DIR)/tests/hardening/hardening_concurrency_test
+
+# The libFuzzer targets in their own clang build, each run for FUZZ_SECONDS
+# (FUZZ_JOBS at a time); figures and crashes land in $(FUZZ_DIR)/fuzz.
+FUZZ_DIR ?= build-fuzz
+FUZZ_SECONDS ?= 60
+fuzz: deps
+	@CC=clang CXX=clang++ cmake -S . -B $(FUZZ_DIR) -G Ninja -DQ3A_FUZZ=ON \
+		-DQ3A_BUILD_TESTS=OFF -DQ3A_BUILD_BENCHMARKS=OFF $(CMAKE_FLAGS) >/dev/null
+	@cmake --build $(FUZZ_DIR) --target fuzz_all
+	@fuzz/run $(FUZZ_DIR) $(FUZZ_SECONDS)
 
 clean:
 	rm -rf $(BUILD_DIR)
