@@ -18,7 +18,7 @@ build: configure
 	@cmake --build $(BUILD_DIR)
 
 run: build
-	@$(BUILD_DIR)/tools/q3a-tuning-tour
+	@scripts/tour $(BUILD_DIR)/tools/q3a_tuning/q3a-tuning
 
 test: build
 	@ctest --test-dir $(BUILD_DIR) --output-on-failure -j 2

@@ -169,11 +169,10 @@ class Parser {
     double parsed = 0;
     const auto [end, error] = std::from_chars(
         value.text.data(), value.text.data() + value.text.size(), parsed);
-    if (error != std::errc() && error != std::errc::result_out_of_range) {
-      return Fail("malformed number");
-    }
-    if (end != value.text.data() + value.text.size()) {
-      return Fail("malformed number");
+    if ((error != std::errc() && error != std::errc::result_out_of_range) ||
+        end != value.text.data() + value.text.size()) {
+      error_ = {value.position, "malformed number"};
+      return false;
     }
     return true;
   }

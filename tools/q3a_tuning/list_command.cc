@@ -20,7 +20,7 @@ std::string TablesColumn(const qawb::QAWBTuning& tuning,
   for (TableKind kind : kAllTableKinds) {
     const std::optional<qawb::QAWBParameterVersion> version =
         TableVersion(tuning, kind);
-    column += fmt::format("  {} {} {:<5}", TableName(kind),
+    column += fmt::format("  {} {:<3} {:<5}", TableName(kind),
                           labels.Label(kind, TablePointer(tuning, kind)),
                           version ? VersionString(*version) : "-");
   }
@@ -37,8 +37,10 @@ void PrintTable(const std::vector<Registration>& registrations,
       tables =
           TablesColumn(*static_cast<const qawb::QAWBTuning*>(r.object), labels);
     }
-    fmt::print("{:<30} {:<16} {:<34}{}\n", NodeName(r.node),
-               FormatTuningKey(r.key), r.label, tables);
+    std::string line = fmt::format("{:<30} {:<16} {:<34}{}", NodeName(r.node),
+                                   FormatTuningKey(r.key), r.label, tables);
+    line.erase(line.find_last_not_of(' ') + 1);
+    fmt::print("{}\n", line);
   }
   fmt::print("\nAWB tables shared by several containers:\n");
   std::vector<const void*> seen;

@@ -105,11 +105,10 @@ int RunLoad(const LoadOptions& options) {
                  file->second);
       continue;
     }
-    fmt::print(
-        "{:<8} {:<6} unchanged (the default table): {} was not "
-        "loaded\n",
-        TableName(kind), version,
-        file->second.empty() ? "the path is empty" : file->second);
+    fmt::print("{:<8} {:<6} unchanged (the default table): {}\n",
+               TableName(kind), version,
+               file->second.empty() ? "the path is empty"
+                                    : file->second + " was not loaded");
     if (!file->second.empty()) {
       fmt::print(stderr, "{}\n",
                  DescribeReadFailure(file->second, FileFormat::kJson, kind));

@@ -134,13 +134,15 @@ void DrawPlane(const std::vector<Point>& reference,
         "</text>\n",
         x(p.rg), y(p.bg), x(p.rg) + 7, y(p.bg) - 6, p.cct);
   }
+  // Golden-module labels go left of their points, reference labels right,
+  // so the two sets stay readable where the points nearly coincide.
   for (const Point& p : golden) {
     svg += fmt::format(
         "<rect x='{0:.1f}' y='{1:.1f}' width='9' height='9' fill='none' "
         "stroke='#d2691e' stroke-width='2'/>"
-        "<text x='{2:.1f}' y='{3:.1f}' font-size='10' fill='#d2691e'>{4}K"
-        "</text>\n",
-        x(p.rg) - 4.5, y(p.bg) - 4.5, x(p.rg) + 7, y(p.bg) + 14, p.cct);
+        "<text x='{2:.1f}' y='{3:.1f}' font-size='10' fill='#d2691e' "
+        "text-anchor='end'>{4}K</text>\n",
+        x(p.rg) - 4.5, y(p.bg) - 4.5, x(p.rg) - 8, y(p.bg) + 12, p.cct);
   }
   const double legend_y = kPlane.top - 14;
   svg += fmt::format(

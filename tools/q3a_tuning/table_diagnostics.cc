@@ -47,6 +47,10 @@ std::string DescribeReadFailure(const std::string& path, FileFormat format,
          {"(" + where.path + "): ", where.path + ": "}) {
       if (reason.starts_with(prefix)) reason.erase(0, prefix.size());
     }
+    // ... or with the enclosing message's path in brackets.
+    if (reason.starts_with("(") && reason.find(") ") != std::string::npos) {
+      reason.erase(0, reason.find(") ") + 2);
+    }
     const std::string last =
         where.path.substr(where.path.find_last_of(".]") + 1);
     if (reason.starts_with(last + ": ")) reason.erase(0, last.size() + 2);

@@ -1,0 +1,132 @@
+#include "tools/q3a_tuning/json_document.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <variant>
+
+#include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
+#include "tools/q3a_tuning/json_diagnosis.h"
+
+namespace q3a_tool {
+namespace {
+
+struct SyntaxCase {
+  const char* text;
+  int line;
+  int column;
+};
+
+class JsonSyntaxErrorTest : public testing::TestWithParam<SyntaxCase> {};
+
+TEST_P(JsonSyntaxErrorTest, PointsAtTheOffendingCharacter) {
+  const auto parsed = ParseJsonDocument(GetParam().text);
+  ASSERT_TRUE(std::holds_alternative<JsonSyntaxError>(parsed));
+  const TextPosition at = std::get<JsonSyntaxError>(parsed).position;
+  EXPECT_EQ(at.line, GetParam().line);
+  EXPECT_EQ(at.column, GetParam().column);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, JsonSyntaxErrorTest,
+    testing::Values(SyntaxCase{"{\n  \"a\": ,\n}", 2, 8},
+                    SyntaxCase{"{\"a\": 1 \"b\": 2}", 1, 9},
+                    SyntaxCase{"{\"a\": [1, 2}", 1, 12},
+                    SyntaxCase{"{\n\n  a: 1}", 3, 3},
+                    SyntaxCase{"{\"a\": \"open", 1, 12},
+                    SyntaxCase{"{} x", 1, 4}, SyntaxCase{"", 1, 1},
+                    SyntaxCase{"{\"a\": tru}", 1, 7},
+                    SyntaxCase{"{\"a\": 1.2.3}", 1, 7}));
+
+TEST(JsonDocument, FindsValuesByPathWithEitherSpellingOfKeys) {
+  const auto parsed = ParseJsonDocument(
+      "{\n \"region_list\": {\n  \"regionBvList\": [\n   {\"bv_value\": 1},\n"
+      "   {\"bv_value\": 2}\n  ]\n }\n}");
+  ASSERT_TRUE(std::holds_alternative<JsonValue>(parsed));
+  const JsonValue& root = std::get<JsonValue>(parsed);
+
+  const JsonValue* second =
+      FindJsonPath(root, "region_list.region_bv_list[1].bv_value");
+  ASSERT_NE(second, nullptr);
+  EXPECT_EQ(second->text, "2");
+  EXPECT_EQ(second->position.line, 5);
+  EXPECT_EQ(second->position.column, 17);
+
+  EXPECT_EQ(FindJsonPath(root, "region_list.region_bv_list[2]"), nullptr);
+  EXPECT_EQ(FindJsonPath(root, "region_list.missing"), nullptr);
+  EXPECT_EQ(FindJsonPath(root, "region_list[0]"), nullptr);
+}
+
+struct SchemaCase {
+  const char* text;
+  const char* path;  // null: the document fits
+  int line;
+  int column;
+};
+
+class JsonSchemaProblemTest : public testing::TestWithParam<SchemaCase> {};
+
+TEST_P(JsonSchemaProblemTest, FindsTheFirstValueTheBasicTableRejects) {
+  const auto parsed = ParseJsonDocument(GetParam().text);
+  ASSERT_TRUE(std::holds_alternative<JsonValue>(parsed));
+  const auto problem =
+      FindSchemaProblem(std::get<JsonValue>(parsed),
+                        *qawb::tuning::QAWBBasicTuningTable::descriptor());
+  if (GetParam().path == nullptr) {
+    EXPECT_FALSE(problem.has_value()) << problem->path;
+    return;
+  }
+  ASSERT_TRUE(problem.has_value());
+  EXPECT_EQ(problem->path, GetParam().path);
+  EXPECT_EQ(problem->position.line, GetParam().line);
+  EXPECT_EQ(problem->position.column, GetParam().column);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, JsonSchemaProblemTest,
+    testing::Values(
+        // Unknown keys, at top level and nested in a list element.
+        SchemaCase{"{\"initial_cct\": 1,\n \"initial_cc\": 2}", "initial_cc", 2,
+                   2},
+        SchemaCase{"{\"reference_point_list\": {\"reference_point_list\": "
+                   "[{\"cct\": 1}, {\"ccct\": 2}]}}",
+                   "reference_point_list.reference_point_list[1].ccct", 1, 65},
+        // Enum names are case-sensitive; numbers are accepted.
+        SchemaCase{"{\"grey_final_trust_level_list\": {\"bv_stats_trust_info\""
+                   ": {\"stats_type\": {\"target_region\": "
+                   "\"kQAWBFrameSummaryTypegrey\"}}}}",
+                   "grey_final_trust_level_list.bv_stats_trust_info."
+                   "stats_type.target_region",
+                   1, 90},
+        SchemaCase{"{\"grey_final_trust_level_list\": {\"bv_stats_trust_info\""
+                   ": {\"stats_type\": {\"target_region\": 3}}}}",
+                   nullptr, 0, 0},
+        // Wrong kinds of value.
+        SchemaCase{"{\"initial_cct\": \"warm\"}", "initial_cct", 1, 17},
+        SchemaCase{"{\"initial_cct\": 1.5}", "initial_cct", 1, 17},
+        SchemaCase{"{\"initial_cct\": 3000000000}", "initial_cct", 1, 17},
+        SchemaCase{"{\"initial_gain\": [1]}", "initial_gain", 1, 18},
+        SchemaCase{"{\"illuminant_weight_table\": {\"cct_list\": 5}}",
+                   "illuminant_weight_table.cct_list", 1, 42},
+        SchemaCase{"{\"luminance_weight_table\": {\"mask_list\": [true, 1]}}",
+                   "luminance_weight_table.mask_list[1]", 1, 49},
+        // What protobuf accepts besides plain values.
+        SchemaCase{"{\"initial_cct\": \"4100\", \"initial_gain\": {\"r_gain\": "
+                   "\"NaN\"}, \"flash\": null}",
+                   nullptr, 0, 0}));
+
+TEST(LocateJsonFailure, PrefersTheSyntaxErrorAndFallsBackToTheStart) {
+  const auto* descriptor = qawb::tuning::QAWBBasicTuningTable::descriptor();
+  const JsonLocation syntax =
+      LocateJsonFailure("{\"initial_cc\": 1,}", *descriptor);
+  EXPECT_TRUE(syntax.path.empty());
+  EXPECT_EQ(syntax.position.column, 18);
+
+  const JsonLocation fits = LocateJsonFailure("{}", *descriptor);
+  EXPECT_TRUE(fits.path.empty());
+  EXPECT_EQ(fits.position.line, 1);
+  EXPECT_EQ(fits.position.column, 1);
+}
+
+}  // namespace
+}  // namespace q3a_tool

@@ -1,0 +1,351 @@
+// The q3a-tuning binary end to end: every subcommand's success path on the
+// built-in data, validate's findings and refusals with file, place and
+// field, diff, load, and usage errors.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tests/tools/tool_runner.h"
+
+namespace q3a_test {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr char kKey[] = "0,-1,1,0,-1";
+
+class ToolCliTest : public ToolTest {
+ protected:
+  // The four JSON tables of the container under kKey, in `dir`.
+  void Export(const std::string& dir) {
+    const ToolResult result = Run({"export", "--key", kKey, "-o", Path(dir)});
+    ASSERT_EQ(result.exit_code, 0) << result.err;
+  }
+};
+
+TEST_F(ToolCliTest, ListShowsEveryRegistrationAndTheAwbTables) {
+  const ToolResult result = Run({"list"});
+  ASSERT_EQ(result.exit_code, 0) << result.err;
+  EXPECT_EQ(result.err, "");
+  // 77 registrations, a header, and the AWB sharing section.
+  int awb_lines = 0;
+  std::istringstream lines(result.out);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("awb ")) ++awb_lines;
+  }
+  EXPECT_EQ(awb_lines, 31);
+  EXPECT_THAT(result.out, HasSubstr("actuator_tuning_ak7377"));
+  EXPECT_THAT(result.out, HasSubstr("used by"));
+
+  const ToolResult json = Run({"list", "--json"});
+  ASSERT_EQ(json.exit_code, 0);
+  EXPECT_THAT(json.out, HasSubstr("\"camera_position\": 2"));
+  EXPECT_THAT(json.out, HasSubstr("\"shared_with\""));
+}
+
+TEST_F(ToolCliTest, ExportWritesTheFourTablesInEitherFormat) {
+  const ToolResult json = Run({"export", "--key", kKey, "-o", Path("json")});
+  ASSERT_EQ(json.exit_code, 0) << json.err;
+  EXPECT_EQ(json.out, Path("json") + "/basic.json\n" + Path("json") +
+                          "/advance.json\n" + Path("json") + "/color.json\n" +
+                          Path("json") + "/feature.json\n");
+  const ToolResult binary =
+      Run({"export", "--defaults", "-o", Path("pb"), "--format", "binary"});
+  ASSERT_EQ(binary.exit_code, 0) << binary.err;
+  EXPECT_TRUE(std::filesystem::exists(Path("pb") + "/feature.pb"));
+}
+
+TEST_F(ToolCliTest, ConvertRoundTripsJsonThroughBinary) {
+  Export("t");
+  const std::string json = Path("t") + "/color.json";
+  ASSERT_EQ(Run({"convert", json, Path("color.pb")}).exit_code, 0);
+  const ToolResult back =
+      Run({"convert", Path("color.pb"), Path("back.json"), "--table", "color"});
+  ASSERT_EQ(back.exit_code, 0) << back.err;
+  EXPECT_EQ(ReadText(Path("back.json")), ReadText(json));
+}
+
+TEST_F(ToolCliTest, DiffOfIdenticalTablesIsEmpty) {
+  Export("t");
+  const ToolResult result = Run({"diff", Path("t") + "/feature.json",
+                                 std::string("awb:") + kKey + ":feature"});
+  EXPECT_EQ(result.exit_code, 0) << result.err;
+  EXPECT_EQ(result.out, "feature table: 0 field(s) differ\n");
+}
+
+TEST_F(ToolCliTest, DiffNamesEditedFieldsAndHonoursTolerance) {
+  Export("t");
+  std::string text = ReadText(Path("t") + "/basic.json");
+  const std::string cct = "\"initial_cct\": 4100";
+  ASSERT_NE(text.find(cct), std::string::npos);
+  text.replace(text.find(cct), cct.size(), "\"initial_cct\": 4200");
+  const std::string gain = "\"g_gain\": 1,";
+  ASSERT_NE(text.find(gain), std::string::npos);
+  text.replace(text.find(gain), gain.size(), "\"g_gain\": 1.001,");
+  const std::string edited = Write("edited.json", text);
+
+  const ToolResult strict =
+      Run({"diff", std::string("awb:") + kKey + ":basic", edited});
+  EXPECT_EQ(strict.exit_code, 1);
+  EXPECT_EQ(strict.out,
+            "initial_gain.g_gain: 1 -> 1.001\n"
+            "initial_cct: 4100 -> 4200\n"
+            "basic table: 2 field(s) differ\n");
+  const ToolResult loose = Run({"diff", std::string("awb:") + kKey + ":basic",
+                                edited, "--tolerance", "0.01"});
+  EXPECT_EQ(loose.exit_code, 1);
+  EXPECT_EQ(loose.out,
+            "initial_cct: 4100 -> 4200\nbasic table: 1 field(s) differ\n");
+}
+
+TEST_F(ToolCliTest, LoadShowsTheDebugLineAndWhereEachTableCameFrom) {
+  Export("t");
+  std::string text = ReadText(Path("t") + "/feature.json");
+  const std::string minor = "\"minor\": 3";
+  ASSERT_NE(text.find(minor), std::string::npos);
+  text.replace(text.find(minor), minor.size(), "\"minor\": 7");
+  const std::string feature = Write("feature.json", text);
+
+  const ToolResult result =
+      Run({"load", "feature=" + feature, "basic=", "--key", kKey, "-o",
+           Path("out.bin")});
+  EXPECT_EQ(result.exit_code, 1) << "an empty path loads nothing";
+  EXPECT_EQ(result.out,
+            "D Q3ACoordinator: SetFeatureTuningTable with file \"" + feature +
+                "\". (Version:3.7)\n"
+                "basic    3.0    unchanged (the default table): the path is "
+                "empty\n"
+                "advance  3.1    from the fixed container awb:" +
+                kKey +
+                "\n"
+                "color    3.1    from the fixed container awb:" +
+                kKey +
+                "\n"
+                "feature  3.7    from " +
+                feature + "\n" + Path("out.bin") + "\n");
+
+  const ToolResult inspected = Run({"inspect", Path("out.bin")});
+  EXPECT_EQ(inspected.exit_code, 0);
+  EXPECT_THAT(inspected.out, HasSubstr("feature  offset  69760 size  33184 "
+                                       "version 3.7"));
+}
+
+TEST_F(ToolCliTest, LoadReportsAFileTheLoaderIgnored) {
+  const std::string broken =
+      Write("broken.json", "{\"version\": {\"majr\": 3}}");
+  const ToolResult result = Run({"load", "advance=" + broken, "--key", kKey});
+  EXPECT_EQ(result.exit_code, 1);
+  EXPECT_EQ(result.out.find("D Q3ACoordinator"), std::string::npos);
+  EXPECT_THAT(result.out, HasSubstr("advance  3.0    unchanged"));
+  EXPECT_THAT(result.err, HasSubstr(broken + ":1:14: version.majr: "));
+}
+
+TEST_F(ToolCliTest, DumpAndRestoreRoundTripTheTuningBinaryFile) {
+  ASSERT_EQ(Run({"restore", "--key", kKey, "-o", Path("a.bin")}).exit_code, 0);
+  const ToolResult dumped = Run({"dump", Path("a.bin"), "-o", Path("d")});
+  ASSERT_EQ(dumped.exit_code, 0) << dumped.err;
+  const ToolResult restored =
+      Run({"restore", "--basic", Path("d") + "/basic.json", "--advance",
+           Path("d") + "/advance.json", "--color", Path("d") + "/color.json",
+           "--feature", Path("d") + "/feature.json", "-o", Path("b.bin")});
+  ASSERT_EQ(restored.exit_code, 0) << restored.err;
+  EXPECT_THAT(restored.out,
+              HasSubstr("feature  3.3    from " + Path("d") + "/feature.json"));
+  EXPECT_EQ(ReadText(Path("a.bin")), ReadText(Path("b.bin")));
+}
+
+TEST_F(ToolCliTest, InspectAndDumpRefuseATuningBinaryFileOfTheWrongSize) {
+  ASSERT_EQ(Run({"restore", "-o", Path("a.bin")}).exit_code, 0);
+  std::string bytes = ReadText(Path("a.bin"));
+  bytes.pop_back();
+  const std::string short_file = Write("short.bin", bytes);
+  const ToolResult inspected = Run({"inspect", short_file});
+  EXPECT_EQ(inspected.exit_code, 1);
+  EXPECT_THAT(inspected.out,
+              HasSubstr("102943 bytes, but a tuning binary file has exactly "
+                        "102944"));
+  EXPECT_THAT(inspected.out, HasSubstr("basic    offset      0 size  24208 "
+                                       "version 3.0"));
+  const ToolResult dumped = Run({"dump", short_file, "-o", Path("d")});
+  EXPECT_EQ(dumped.exit_code, 1);
+  EXPECT_THAT(dumped.err, HasSubstr(short_file + ": 102943 bytes"));
+  EXPECT_FALSE(std::filesystem::exists(Path("d")));
+}
+
+TEST_F(ToolCliTest, PlotWritesAnSvgOfTheBasicTable) {
+  const ToolResult result = Run(
+      {"plot", std::string("awb:") + kKey + ":basic", "-o", Path("basic.svg")});
+  ASSERT_EQ(result.exit_code, 0) << result.err;
+  const std::string svg = ReadText(Path("basic.svg"));
+  EXPECT_TRUE(svg.starts_with("<svg "));
+  EXPECT_THAT(svg, HasSubstr("reference white points (9)"));
+  EXPECT_THAT(svg, HasSubstr("golden modules (6)"));
+  EXPECT_THAT(svg, HasSubstr(">4100K<"));
+}
+
+struct ValidateCase {
+  const char* name;
+  const char* text;
+  std::vector<std::string> args;  // after the file
+  std::string expected;           // in stdout, after "FILE"
+};
+
+class ValidateTest : public ToolTest,
+                     public testing::WithParamInterface<ValidateCase> {};
+
+TEST_P(ValidateTest, NamesFilePlaceAndFieldAndFails) {
+  const std::string file = Write("table.json", GetParam().text);
+  std::vector<std::string> args = {"validate", file};
+  args.insert(args.end(), GetParam().args.begin(), GetParam().args.end());
+  const ToolResult result = Run(args);
+  EXPECT_EQ(result.exit_code, 1);
+  EXPECT_THAT(result.out, HasSubstr(file + GetParam().expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Findings, ValidateTest,
+    testing::Values(
+        ValidateCase{"ListOverCapacity",
+                     "{\"illuminant_weight_table\": {\"cct_list\": "
+                     "[1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,"
+                     "22,23,24,25,26,27,28,29,30,31,32,33,34,35,36,37]}}",
+                     {},
+                     ":1:42: illuminant_weight_table.cct_list: 37 entries "
+                     "given but the table holds 36: entry 36 is dropped"},
+        ValidateCase{"CountOverCapacity",
+                     "{\n \"golden_module_table\": {\n"
+                     "  \"golden_module_number\": 10\n }\n}",
+                     {},
+                     ":3:27: golden_module_table.golden_module_number: "
+                     "golden_module_number is 10"},
+        ValidateCase{"CountAboveEntriesGiven",
+                     "{\"reference_point_list\": {\"reference_point_number\": "
+                     "2, \"reference_point_list\": [{\"cct\": 2300}]}}",
+                     {},
+                     ":1:80: reference_point_list.reference_point_list: "
+                     "reference_point_number is 2 but the list gives 1 of 2"},
+        ValidateCase{"CountBelowEntriesGiven",
+                     "{\"outdoor_tuning_table\": {\"blue_preference_point_"
+                     "list\": {\"bv_number\": 0, \"point_bv_list\": [{}]}}}",
+                     {},
+                     ":1:91: outdoor_tuning_table.blue_preference_point_list."
+                     "point_bv_list: the list gives 1 values but bv_number "
+                     "is 0"},
+        ValidateCase{"InvalidFrameSummary",
+                     "{\"face_tuning_table\": {\"face_ideal_cct_trust_level_"
+                     "list\": {\"stats_type\": {\"target_region\": "
+                     "\"kQAWBFrameSummaryTypeInvalid\"}}}}",
+                     {},
+                     ":1:92: face_tuning_table.face_ideal_cct_trust_level_list."
+                     "stats_type.target_region: kQAWBFrameSummaryTypeInvalid "
+                     "is not a kind of frame statistics"},
+        ValidateCase{"NarrowField",
+                     "{\"version\": {\"major\": 65536}}",
+                     {"--table", "color"},
+                     ":1:23: version.major: 65536 does not fit the record's "
+                     "uint16 field; it is stored as 0"}),
+    [](const testing::TestParamInfo<ValidateCase>& info) {
+      return info.param.name;
+    });
+
+INSTANTIATE_TEST_SUITE_P(
+    Refusals, ValidateTest,
+    testing::Values(
+        ValidateCase{"UnknownField",
+                     "{\n  \"initial_cct\": 4100,\n  \"initial_ct\": 1\n}",
+                     {},
+                     ":3:3: initial_ct: Cannot find field."},
+        ValidateCase{"EnumNameInOtherCase",
+                     "{\"special_color_tuning_table\": {}, "
+                     "\"outdoor_tuning_table\": {\"outdoor_final_trust_level_"
+                     "list\": {\"bv_stats_trust_info\": {\"stats_type\": "
+                     "{\"base_region\": [\"kQAWBFrameSummaryTypegreen\"]}}}}}",
+                     {},
+                     ":1:151: outdoor_tuning_table.outdoor_final_trust_level_"
+                     "list.bv_stats_trust_info.stats_type.base_region[0]: "
+                     "invalid value \"kQAWBFrameSummaryTypegreen\""},
+        ValidateCase{"SyntaxError",
+                     "{\n  \"initial_cct\": 4100\n  \"x\": 1\n}",
+                     {},
+                     ":3:3: Expected , or } after key:value pair."},
+        ValidateCase{"WrongTypeOfValue",
+                     "{\"initial_cct\": \"warm\"}",
+                     {"--table", "basic"},
+                     ":1:17: initial_cct: invalid value \"warm\" for type "
+                     "TYPE_SINT32 (expected an integer)"},
+        ValidateCase{"OtherTablesFile",
+                     "{\"initial_cct\": 4100}",
+                     {"--table", "feature"},
+                     ":1:2: initial_cct: Cannot find field."},
+        ValidateCase{"EmptyFile", "", {}, ": the file is empty"},
+        ValidateCase{"FitsEveryTable",
+                     "{}",
+                     {},
+                     ": the file fits several tables (basic, advance, color, "
+                     "feature); give --table"}),
+    [](const testing::TestParamInfo<ValidateCase>& info) {
+      return info.param.name;
+    });
+
+TEST_F(ToolCliTest, ValidateAcceptsAnEditedExportAndNamesItsTable) {
+  Export("t");
+  const ToolResult result = Run({"validate", Path("t") + "/advance.json"});
+  EXPECT_EQ(result.exit_code, 0);
+  EXPECT_EQ(result.out,
+            Path("t") + "/advance.json: advance table version 3.1: ok\n");
+}
+
+TEST_F(ToolCliTest, MissingFilesFailWithTheirName) {
+  for (const std::vector<std::string>& args :
+       std::vector<std::vector<std::string>>{
+           {"validate", Path("none.json")},
+           {"convert", Path("none.json"), Path("x.pb"), "--table", "basic"},
+           {"diff", Path("none.json"), "defaults:basic"},
+           {"inspect", Path("none.bin")},
+           {"plot", Path("none.json"), "-o", Path("x.svg")}}) {
+    const ToolResult result = Run(args);
+    EXPECT_EQ(result.exit_code, 1) << args[0];
+    EXPECT_THAT(result.out + result.err, HasSubstr("none.")) << args[0];
+    EXPECT_THAT(result.out + result.err, HasSubstr("No such file or directory"))
+        << args[0];
+  }
+}
+
+class UsageErrorTest
+    : public ToolTest,
+      public testing::WithParamInterface<std::vector<std::string>> {};
+
+TEST_P(UsageErrorTest, ExitsWithTwo) {
+  const ToolResult result = Run(GetParam());
+  EXPECT_EQ(result.exit_code, 2) << result.out << result.err;
+  EXPECT_EQ(result.out, "");
+  EXPECT_NE(result.err, "");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, UsageErrorTest,
+    testing::Values(
+        std::vector<std::string>{}, std::vector<std::string>{"frobnicate"},
+        std::vector<std::string>{"validate"},
+        std::vector<std::string>{"validate", "x.json", "--table", "colour"},
+        std::vector<std::string>{"validate", "x.txt"},
+        std::vector<std::string>{"export", "-o", "x"},
+        std::vector<std::string>{"export", "--key", "0,-1,1", "-o", "x"},
+        std::vector<std::string>{"export", "--key", "5,-1,1,0,-1", "-o", "x"},
+        std::vector<std::string>{"export", "--node", "af", "--key",
+                                 "1,-1,1,0,-1", "-o", "x"},
+        std::vector<std::string>{"diff", "awb:0,-1,1,0,-1", "defaults:basic"},
+        std::vector<std::string>{"diff", "defaults:colour", "defaults:basic"},
+        std::vector<std::string>{"diff", "defaults:basic", "defaults:basic",
+                                 "--tolerance", "-1"},
+        std::vector<std::string>{"load", "Feature=f.json", "--key",
+                                 "0,-1,1,0,-1"},
+        std::vector<std::string>{"load", "feature=f.json"},
+        std::vector<std::string>{"plot", "defaults:feature", "-o", "x.svg"}));
+
+}  // namespace
+}  // namespace q3a_test

@@ -1,0 +1,77 @@
+// Runs the q3a-tuning binary from the tests and captures what it prints,
+// and a scratch directory for the files it reads and writes.
+#ifndef TESTS_TOOLS_TOOL_RUNNER_H_
+#define TESTS_TOOLS_TOOL_RUNNER_H_
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace q3a_test {
+
+struct ToolResult {
+  int exit_code = -1;
+  std::string out;
+  std::string err;
+};
+
+inline std::string ReadText(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+inline void WriteText(const std::string& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+// Single quotes around every argument; the tests never pass a quote.
+inline ToolResult RunTool(const std::vector<std::string>& args,
+                          const std::string& scratch) {
+  std::string command = Q3A_TUNING_TOOL;
+  for (const std::string& arg : args) command += " '" + arg + "'";
+  const std::string out = scratch + "/.stdout";
+  const std::string err = scratch + "/.stderr";
+  command += " >" + out + " 2>" + err;
+  const int status = std::system(command.c_str());
+  ToolResult result;
+  result.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  result.out = ReadText(out);
+  result.err = ReadText(err);
+  return result;
+}
+
+class ToolTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string pattern = testing::TempDir() + "q3a_tool_XXXXXX";
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr) << std::strerror(errno);
+    dir_ = pattern;
+  }
+
+  std::string Path(const std::string& name) const { return dir_ + "/" + name; }
+
+  std::string Write(const std::string& name, const std::string& text) const {
+    WriteText(Path(name), text);
+    return Path(name);
+  }
+
+  ToolResult Run(const std::vector<std::string>& args) const {
+    return RunTool(args, dir_);
+  }
+
+  std::string dir_;
+};
+
+}  // namespace q3a_test
+
+#endif  // TESTS_TOOLS_TOOL_RUNNER_H_
