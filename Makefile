@@ -4,7 +4,7 @@
 BUILD_DIR ?= build
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build run test clean sanitize fuzz
+.PHONY: all deps configure build run test clean bench sanitize fuzz
 
 all: build
 
@@ -22,6 +22,20 @@ run: build
 
 test: build
 	@ctest --test-dir $(BUILD_DIR) --output-on-failure -j 2
+
+# Benchmarks in their own Release build; prints each operation's time over
+# its lower bound measured in the same run (medians of 5 repetitions).
+BENCH_DIR ?= build-bench
+BENCH_FLAGS ?= --benchmark_repetitions=5 --benchmark_min_time=0.1 \
+	--benchmark_enable_random_interleaving=true \
+	--benchmark_report_aggregates_only=true --benchmark_format=json
+bench: deps
+	@cmake -S . -B $(BENCH_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release $(CMAKE_FLAGS) >/dev/null
+	@cmake --build $(BENCH_DIR) --target q3a_bench q3a_load_bench
+	@echo "bench: running, a few minutes"
+	@$(BENCH_DIR)/bench/q3a_bench $(BENCH_FLAGS) > $(BENCH_DIR)/bench/results.json
+	@$(BENCH_DIR)/bench/q3a_load_bench $(BENCH_FLAGS) > $(BENCH_DIR)/bench/load_results.json
+	@bench/ratios $(BENCH_DIR)/bench/results.json $(BENCH_DIR)/bench/load_results.json
 
 # The test suite built with ASan and UBSan, then the concurrency suite built
 # with ThreadSanitizer, each in its own build directory.

@@ -1,0 +1,111 @@
+// What the benchmarks run on: the four AWB tables with their messages and
+// file functions, each in two contents. "built_in" is the phone's own tuning
+// as the registry holds it (realistic counts, many zero entries); "full" has
+// a distinct non-zero value in every field, so every array is carried at
+// full capacity with the widest encodings (the worst case for every format).
+#ifndef BENCH_BENCH_TABLES_H_
+#define BENCH_BENCH_TABLES_H_
+
+#include <memory>
+#include <string>
+
+#include "awb_records/qawb_advance_tuning_table.h"
+#include "awb_records/qawb_basic_tuning_table.h"
+#include "awb_records/qawb_color_control_tuning_table.h"
+#include "awb_records/qawb_feature_tuning_table.h"
+#include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
+#include "libs_v4/qAWB/src/base/qawb_tuning.h"
+#include "protomsg/tuning_files.h"
+
+namespace q3a_bench {
+
+enum class Content { kBuiltIn, kFull };
+
+const char* ContentName(Content content);
+
+// The main camera's still-capture AWB tuning from the registry.
+const qawb::QAWBTuning& BuiltInAwbTuning();
+
+template <typename Table>
+struct TableTraits;
+
+template <>
+struct TableTraits<qawb::QAWBBasicTuningTable> {
+  using Message = qawb::tuning::QAWBBasicTuningTable;
+  static constexpr const char* kName = "basic";
+  static constexpr const char* kLoaderKey = "basic";
+  static constexpr auto kReadJson = &protomsg::ReadQAWBBasicTuningTableWithJson;
+  static constexpr auto kReadProtobuf =
+      &protomsg::ReadQAWBBasicTuningTableFromProtobuf;
+  static constexpr auto kGet = &qawb::QAWBTuning::GetBasicTuningTable;
+};
+
+template <>
+struct TableTraits<qawb::QAWBAdvanceTuningTable> {
+  using Message = qawb::tuning::QAWBAdvanceTuningTable;
+  static constexpr const char* kName = "advance";
+  static constexpr const char* kLoaderKey = "advance";
+  static constexpr auto kReadJson =
+      &protomsg::ReadQAWBAdvanceTuningTableWithJson;
+  static constexpr auto kReadProtobuf =
+      &protomsg::ReadQAWBAdvanceTuningTableFromProtobuf;
+  static constexpr auto kGet = &qawb::QAWBTuning::GetAdvanceTuningTable;
+};
+
+template <>
+struct TableTraits<qawb::QAWBColorControlTuningTable> {
+  using Message = qawb::tuning::QAWBColorControlTuningTable;
+  static constexpr const char* kName = "color_control";
+  static constexpr const char* kLoaderKey = "color";
+  static constexpr auto kReadJson =
+      &protomsg::ReadQAWBColorControlTuningTableWithJson;
+  static constexpr auto kReadProtobuf =
+      &protomsg::ReadQAWBColorControlTuningTableFromProtobuf;
+  static constexpr auto kGet = &qawb::QAWBTuning::GetColorControlTuningTable;
+};
+
+template <>
+struct TableTraits<qawb::QAWBFeatureTuningTable> {
+  using Message = qawb::tuning::QAWBFeatureTuningTable;
+  static constexpr const char* kName = "feature";
+  static constexpr const char* kLoaderKey = "feature";
+  static constexpr auto kReadJson =
+      &protomsg::ReadQAWBFeatureTuningTableWithJson;
+  static constexpr auto kReadProtobuf =
+      &protomsg::ReadQAWBFeatureTuningTableFromProtobuf;
+  static constexpr auto kGet = &qawb::QAWBTuning::GetFeatureTuningTable;
+};
+
+// A heap copy of `Table` with the given content; the same object on every
+// call for the same arguments.
+template <typename Table>
+const Table& TableContent(Content content);
+
+// Calls fn.template operator()<Table>(content) for every table and content.
+template <typename Fn>
+void ForEachTableAndContent(Fn fn) {
+  for (Content content : {Content::kBuiltIn, Content::kFull}) {
+    fn.template operator()<qawb::QAWBBasicTuningTable>(content);
+    fn.template operator()<qawb::QAWBAdvanceTuningTable>(content);
+    fn.template operator()<qawb::QAWBColorControlTuningTable>(content);
+    fn.template operator()<qawb::QAWBFeatureTuningTable>(content);
+  }
+}
+
+// "<operation>/<table>/<content>".
+template <typename Table>
+std::string BenchmarkName(const char* operation, Content content) {
+  return std::string(operation) + "/" + TableTraits<Table>::kName + "/" +
+         ContentName(content);
+}
+
+// A directory for the benchmarks' files, in memory where the machine has
+// /dev/shm; removed with its files at exit.
+const std::string& ScratchDir();
+
+// The whole content of `path`; empty if it cannot be read.
+std::string ReadFile(const std::string& path);
+
+}  // namespace q3a_bench
+
+#endif  // BENCH_BENCH_TABLES_H_

@@ -1,0 +1,170 @@
+#include <google/protobuf/arena.h>
+#include <google/protobuf/util/json_util.h>
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "bench/bench_tables.h"
+#include "bench/protobuf_options.h"
+#include "bench/registration.h"
+#include "protomsg/record_conversions.h"
+#include "protomsg/tuning_files.h"
+
+namespace q3a_bench {
+namespace {
+
+using google::protobuf::Arena;
+namespace util = google::protobuf::util;
+
+template <typename Table>
+std::string FilePath(const char* kind, Content content) {
+  return ScratchDir() + "/" + TableTraits<Table>::kName + "_" +
+         ContentName(content) + "." + kind;
+}
+
+template <typename Table>
+std::unique_ptr<typename TableTraits<Table>::Message> MessageOf(
+    Content content) {
+  auto message = std::make_unique<typename TableTraits<Table>::Message>();
+  protomsg::ConvertToMessage(TableContent<Table>(content), *message);
+  return message;
+}
+
+template <typename Table>
+void RegisterJson(Content content) {
+  using Message = typename TableTraits<Table>::Message;
+
+  Register(BenchmarkName<Table>("json_write", content),
+           [content](benchmark::State& state) {
+             const Table& table = TableContent<Table>(content);
+             const std::string path = FilePath<Table>("out.json", content);
+             for (auto _ : state)
+               protomsg::SaveTuningTableWithJson(path, table);
+           });
+  Register(BenchmarkName<Table>("json_print", content),
+           [content](benchmark::State& state) {
+             const auto message = MessageOf<Table>(content);
+             for (auto _ : state) {
+               std::string text;
+               benchmark::DoNotOptimize(util::MessageToJsonString(
+                   *message, &text, TuningFilePrintOptions()));
+             }
+           });
+
+  Register(BenchmarkName<Table>("json_read", content),
+           [content](benchmark::State& state) {
+             const std::string path = FilePath<Table>("json", content);
+             protomsg::SaveTuningTableWithJson(path,
+                                               TableContent<Table>(content));
+             auto record = std::make_unique<Table>();
+             for (auto _ : state) {
+               if (!TableTraits<Table>::kReadJson(path, *record)) {
+                 state.SkipWithError("JSON reader failed");
+               }
+             }
+           });
+  Register(BenchmarkName<Table>("json_parse_heap", content),
+           [content](benchmark::State& state) {
+             const std::string path = FilePath<Table>("json", content);
+             protomsg::SaveTuningTableWithJson(path,
+                                               TableContent<Table>(content));
+             const std::string text = ReadFile(path);
+             for (auto _ : state) {
+               Message message;
+               benchmark::DoNotOptimize(util::JsonStringToMessage(
+                   text, &message, TuningFileParseOptions()));
+             }
+           });
+  Register(BenchmarkName<Table>("json_parse_arena", content),
+           [content](benchmark::State& state) {
+             const std::string path = FilePath<Table>("json", content);
+             protomsg::SaveTuningTableWithJson(path,
+                                               TableContent<Table>(content));
+             const std::string text = ReadFile(path);
+             for (auto _ : state) {
+               Arena arena;
+               auto* message = Arena::CreateMessage<Message>(&arena);
+               benchmark::DoNotOptimize(util::JsonStringToMessage(
+                   text, message, TuningFileParseOptions()));
+             }
+           });
+}
+
+template <typename Table>
+void RegisterBinary(Content content) {
+  Register(BenchmarkName<Table>("binary_write", content),
+           [content](benchmark::State& state) {
+             const Table& table = TableContent<Table>(content);
+             const std::string path = FilePath<Table>("out.pb", content);
+             for (auto _ : state) {
+               protomsg::SaveTuningTableWithProtobuf(path, table);
+             }
+           });
+  Register(BenchmarkName<Table>("serialize", content),
+           [content](benchmark::State& state) {
+             const auto message = MessageOf<Table>(content);
+             for (auto _ : state) {
+               std::string bytes;
+               benchmark::DoNotOptimize(message->SerializeToString(&bytes));
+             }
+           });
+
+  // Plain file I/O of the same bytes, the part of the writer and reader
+  // that protobuf's own calls leave out.
+  Register(BenchmarkName<Table>("file_write", content),
+           [content](benchmark::State& state) {
+             const std::string bytes =
+                 MessageOf<Table>(content)->SerializeAsString();
+             const std::string path = FilePath<Table>("plain.pb", content);
+             for (auto _ : state) {
+               std::FILE* file = std::fopen(path.c_str(), "wb");
+               std::fwrite(bytes.data(), 1, bytes.size(), file);
+               std::fclose(file);
+             }
+           });
+  Register(BenchmarkName<Table>("file_read", content),
+           [content](benchmark::State& state) {
+             const std::string bytes =
+                 MessageOf<Table>(content)->SerializeAsString();
+             const std::string path = FilePath<Table>("plain.pb", content);
+             {
+               std::FILE* file = std::fopen(path.c_str(), "wb");
+               std::fwrite(bytes.data(), 1, bytes.size(), file);
+               std::fclose(file);
+             }
+             std::string buffer(bytes.size(), '\0');
+             for (auto _ : state) {
+               std::FILE* file = std::fopen(path.c_str(), "rb");
+               benchmark::DoNotOptimize(
+                   std::fread(buffer.data(), 1, buffer.size(), file));
+               std::fclose(file);
+             }
+           });
+
+  // The binary reader's lower bound is the parse benchmark of the
+  // conversion group, on the same bytes.
+  Register(BenchmarkName<Table>("binary_read", content),
+           [content](benchmark::State& state) {
+             const std::string path = FilePath<Table>("pb", content);
+             protomsg::SaveTuningTableWithProtobuf(
+                 path, TableContent<Table>(content));
+             auto record = std::make_unique<Table>();
+             for (auto _ : state) {
+               if (!TableTraits<Table>::kReadProtobuf(path, *record)) {
+                 state.SkipWithError("binary reader failed");
+               }
+             }
+           });
+}
+
+}  // namespace
+
+void RegisterTuningFileBenchmarks() {
+  ForEachTableAndContent([]<typename Table>(Content content) {
+    RegisterJson<Table>(content);
+    RegisterBinary<Table>(content);
+  });
+}
+
+}  // namespace q3a_bench
