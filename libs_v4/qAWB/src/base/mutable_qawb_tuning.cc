@@ -110,6 +110,8 @@ void MutableQAWBTuning::WriteToFile(const std::string& path) const {
     QAWB_TUNING_LOG_ERROR("Could not open debug dump file: %s", path.c_str());
     return;
   }
+  // Each table goes out in one write, straight from the table.
+  std::setvbuf(file, nullptr, _IONBF, 0);
   std::fwrite(&basic_, sizeof(basic_), 1, file);
   std::fwrite(&advance_, sizeof(advance_), 1, file);
   std::fwrite(&color_control_, sizeof(color_control_), 1, file);
@@ -124,6 +126,8 @@ bool MutableQAWBTuning::ReadFromFile(const std::string& path) {
                           path.c_str());
     return false;
   }
+  // Each table comes in with one read, straight into the table.
+  std::setvbuf(file, nullptr, _IONBF, 0);
   // ftell gives -1 when the size cannot be taken, which the size check
   // rejects like any other wrong size.
   std::fseek(file, 0, SEEK_END);
