@@ -27,9 +27,10 @@ inline constexpr std::size_t kFlatCapacity =
 // Record scalar to message scalar: integers sign- or zero-extend to 32 bits
 // according to their own type; a bool is read as its byte, so a raw byte
 // other than 0 or 1 from a binary file still converts without undefined
-// behaviour.
+// behaviour. Taken by reference: copying such a bool would already load it
+// as a bool.
 template <typename T>
-auto WidenScalar(T value) {
+auto WidenScalar(const T& value) {
   if constexpr (std::is_same_v<T, float>) {
     return value;
   } else if constexpr (std::is_same_v<T, bool>) {
