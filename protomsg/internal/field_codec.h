@@ -27,10 +27,9 @@ inline constexpr std::size_t kFlatCapacity =
 // Record scalar to message scalar: integers sign- or zero-extend to 32 bits
 // according to their own type; a bool is read as its byte, so a raw byte
 // other than 0 or 1 from a binary file still converts without undefined
-// behaviour. Taken by reference: copying such a bool would already load it
-// as a bool.
+// behaviour.
 template <typename T>
-auto WidenScalar(const T& value) {
+auto WidenScalar(T value) {
   if constexpr (std::is_same_v<T, float>) {
     return value;
   } else if constexpr (std::is_same_v<T, bool>) {
@@ -58,15 +57,13 @@ void ForEachFlat(Array& array, Fn&& fn) {
   }
 }
 
-// Appends one array element to a repeated message field.
-template <typename Element, typename Repeated>
-void AppendElement(const Element& element, Repeated& repeated) {
+// Record array element to message element.
+template <typename Element>
+auto ToMessageElement(const Element& element) {
   if constexpr (kIsFrameSummary<Element>) {
-    repeated.AddAlreadyReserved(ConvertToMessage(element));
-  } else if constexpr (std::is_arithmetic_v<Element>) {
-    repeated.AddAlreadyReserved(WidenScalar(element));
+    return static_cast<int>(ConvertToMessage(element));
   } else {
-    ConvertToMessage(element, *repeated.Add());
+    return WidenScalar(element);
   }
 }
 
@@ -77,10 +74,22 @@ template <typename Field, typename Message, typename Set, typename Mutable>
 void EncodeField(const Field& field, Message& message, Set set,
                  Mutable mutable_field) {
   if constexpr (std::is_array_v<Field>) {
+    using Element = std::remove_all_extents_t<Field>;
+    constexpr int kCapacity = static_cast<int>(kFlatCapacity<Field>);
     auto& repeated = *mutable_field(message);
-    repeated.Reserve(repeated.size() + static_cast<int>(kFlatCapacity<Field>));
-    ForEachFlat(field,
-                [&](const auto& element) { AppendElement(element, repeated); });
+    repeated.Reserve(repeated.size() + kCapacity);
+    if constexpr (std::is_class_v<Element>) {
+      for (const Element& element : field) {
+        ConvertToMessage(element, *repeated.Add());
+      }
+    } else {
+      // One call for the whole array: the protobuf runtime's per-element
+      // calls are not inlined and would dominate.
+      auto* out = repeated.AddNAlreadyReserved(kCapacity);
+      ForEachFlat(field, [&](const Element& element) {
+        *out++ = ToMessageElement(element);
+      });
+    }
   } else if constexpr (kIsFrameSummary<Field>) {
     set(message, ConvertToMessage(field));
   } else if constexpr (std::is_arithmetic_v<Field>) {
@@ -110,14 +119,20 @@ void DecodeField(const MessageValue& value, Field& field) {
   if constexpr (std::is_array_v<Field>) {
     const int count =
         std::min(value.size(), static_cast<int>(kFlatCapacity<Field>));
-    if constexpr (std::rank_v<Field> == 1) {
+    if constexpr (std::is_class_v<std::remove_all_extents_t<Field>>) {
       for (int i = 0; i < count; ++i) DecodeElement(value.Get(i), field[i]);
     } else {
-      int i = 0;
-      ForEachFlat(field, [&](auto& element) {
-        if (i < count) DecodeElement(value.Get(i), element);
-        ++i;
-      });
+      // Scalars are read from the field's storage, as EncodeField writes it.
+      const auto* in = value.data();
+      if constexpr (std::rank_v<Field> == 1) {
+        for (int i = 0; i < count; ++i) DecodeElement(in[i], field[i]);
+      } else {
+        int i = 0;
+        ForEachFlat(field, [&](auto& element) {
+          if (i < count) DecodeElement(in[i], element);
+          ++i;
+        });
+      }
     }
   } else {
     DecodeElement(value, field);
