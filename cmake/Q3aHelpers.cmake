@@ -7,8 +7,11 @@ if(Q3A_SANITIZERS)
 endif()
 
 # Warnings as errors on our own code (generated protobuf code stays out).
+# GCC 12 at -O3 reports a false -Wrestrict inside std::string concatenation
+# (GCC bug 105329), so that one stays a warning.
 add_library(q3a_warnings INTERFACE)
-target_compile_options(q3a_warnings INTERFACE -Wall -Wextra -Werror)
+target_compile_options(q3a_warnings INTERFACE -Wall -Wextra -Werror
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-error=restrict>)
 
 # Calls between the library's own exported functions bind locally, so the
 # record conversions call each other directly and can be inlined.
