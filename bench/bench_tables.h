@@ -15,7 +15,7 @@
 #include "awb_records/qawb_feature_tuning_table.h"
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 #include "libs_v4/qAWB/src/base/qawb_tuning.h"
-#include "protomsg/tuning_files.h"
+#include "protomsg/tuning_table_traits.h"
 
 namespace q3a_bench {
 
@@ -26,55 +26,9 @@ const char* ContentName(Content content);
 // The main camera's still-capture AWB tuning from the registry.
 const qawb::QAWBTuning& BuiltInAwbTuning();
 
+// The tables' messages, names, readers and getters.
 template <typename Table>
-struct TableTraits;
-
-template <>
-struct TableTraits<qawb::QAWBBasicTuningTable> {
-  using Message = qawb::tuning::QAWBBasicTuningTable;
-  static constexpr const char* kName = "basic";
-  static constexpr const char* kLoaderKey = "basic";
-  static constexpr auto kReadJson = &protomsg::ReadQAWBBasicTuningTableWithJson;
-  static constexpr auto kReadProtobuf =
-      &protomsg::ReadQAWBBasicTuningTableFromProtobuf;
-  static constexpr auto kGet = &qawb::QAWBTuning::GetBasicTuningTable;
-};
-
-template <>
-struct TableTraits<qawb::QAWBAdvanceTuningTable> {
-  using Message = qawb::tuning::QAWBAdvanceTuningTable;
-  static constexpr const char* kName = "advance";
-  static constexpr const char* kLoaderKey = "advance";
-  static constexpr auto kReadJson =
-      &protomsg::ReadQAWBAdvanceTuningTableWithJson;
-  static constexpr auto kReadProtobuf =
-      &protomsg::ReadQAWBAdvanceTuningTableFromProtobuf;
-  static constexpr auto kGet = &qawb::QAWBTuning::GetAdvanceTuningTable;
-};
-
-template <>
-struct TableTraits<qawb::QAWBColorControlTuningTable> {
-  using Message = qawb::tuning::QAWBColorControlTuningTable;
-  static constexpr const char* kName = "color_control";
-  static constexpr const char* kLoaderKey = "color";
-  static constexpr auto kReadJson =
-      &protomsg::ReadQAWBColorControlTuningTableWithJson;
-  static constexpr auto kReadProtobuf =
-      &protomsg::ReadQAWBColorControlTuningTableFromProtobuf;
-  static constexpr auto kGet = &qawb::QAWBTuning::GetColorControlTuningTable;
-};
-
-template <>
-struct TableTraits<qawb::QAWBFeatureTuningTable> {
-  using Message = qawb::tuning::QAWBFeatureTuningTable;
-  static constexpr const char* kName = "feature";
-  static constexpr const char* kLoaderKey = "feature";
-  static constexpr auto kReadJson =
-      &protomsg::ReadQAWBFeatureTuningTableWithJson;
-  static constexpr auto kReadProtobuf =
-      &protomsg::ReadQAWBFeatureTuningTableFromProtobuf;
-  static constexpr auto kGet = &qawb::QAWBTuning::GetFeatureTuningTable;
-};
+using TableTraits = protomsg::TuningTableTraits<Table>;
 
 // A heap copy of `Table` with the given content; the same object on every
 // call for the same arguments.
@@ -85,18 +39,16 @@ const Table& TableContent(Content content);
 template <typename Fn>
 void ForEachTableAndContent(Fn fn) {
   for (Content content : {Content::kBuiltIn, Content::kFull}) {
-    fn.template operator()<qawb::QAWBBasicTuningTable>(content);
-    fn.template operator()<qawb::QAWBAdvanceTuningTable>(content);
-    fn.template operator()<qawb::QAWBColorControlTuningTable>(content);
-    fn.template operator()<qawb::QAWBFeatureTuningTable>(content);
+    protomsg::ForEachTuningTable(
+        [&]<typename Table>() { fn.template operator()<Table>(content); });
   }
 }
 
 // "<operation>/<table>/<content>".
 template <typename Table>
 std::string BenchmarkName(const char* operation, Content content) {
-  return std::string(operation) + "/" + TableTraits<Table>::kName + "/" +
-         ContentName(content);
+  return std::string(operation) + "/" + std::string(TableTraits<Table>::kName) +
+         "/" + ContentName(content);
 }
 
 // A directory for the benchmarks' files, in memory where the machine has

@@ -22,10 +22,10 @@ std::unordered_map<std::string_view, std::string> WriteFiles(Content content) {
   ForEachTableAndContent([&]<typename Table>(Content each) {
     if (each != content) return;
     const std::string path = ScratchDir() + "/loader_" +
-                             TableTraits<Table>::kName + "_" +
+                             std::string(TableTraits<Table>::kName) + "_" +
                              ContentName(content) + ".json";
     protomsg::SaveTuningTableWithJson(path, TableContent<Table>(content));
-    files[TableTraits<Table>::kLoaderKey] = path;
+    files[TableTraits<Table>::kName] = path;
   });
   return files;
 }
@@ -71,7 +71,7 @@ void RegisterFor(Content content) {
             ForEachTableAndContent([&]<typename Table>(Content each) {
               if (each != content) return;
               benchmark::DoNotOptimize(ParseJson<Table>(
-                  texts.at(TableTraits<Table>::kLoaderKey), on_arena));
+                  texts.at(TableTraits<Table>::kName), on_arena));
             });
           }
         });

@@ -19,7 +19,7 @@ namespace util = google::protobuf::util;
 
 template <typename Table>
 std::string FilePath(const char* kind, Content content) {
-  return ScratchDir() + "/" + TableTraits<Table>::kName + "_" +
+  return ScratchDir() + "/" + std::string(TableTraits<Table>::kName) + "_" +
          ContentName(content) + "." + kind;
 }
 
