@@ -5,17 +5,9 @@
 namespace q3a_tool {
 
 std::string_view TableName(TableKind kind) {
-  switch (kind) {
-    case TableKind::kBasic:
-      return "basic";
-    case TableKind::kAdvance:
-      return "advance";
-    case TableKind::kColor:
-      return "color";
-    case TableKind::kFeature:
-      break;
-  }
-  return "feature";
+  return VisitTableKind(kind, [](auto type) {
+    return TableTraits<typename decltype(type)::type>::kName;
+  });
 }
 
 std::optional<TableKind> ParseTableKind(std::string_view name) {

@@ -8,17 +8,12 @@
 #include <string>
 #include <string_view>
 
-#include "awb_records/qawb_advance_tuning_table.h"
-#include "awb_records/qawb_basic_tuning_table.h"
-#include "awb_records/qawb_color_control_tuning_table.h"
-#include "awb_records/qawb_feature_tuning_table.h"
-#include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 #include "libs_v4/qAWB/src/base/qawb_tuning.h"
+#include "protomsg/tuning_table_traits.h"
 
 namespace q3a_tool {
 
-// In the order of the override loader's file map keys' documentation and of
-// the tuning binary file: basic first.
+// In the order of the tuning binary file: basic first.
 enum class TableKind { kBasic, kAdvance, kColor, kFeature };
 
 inline constexpr std::array<TableKind, 4> kAllTableKinds = {
@@ -32,47 +27,14 @@ std::string_view TableName(TableKind kind);
 // the loader is).
 std::optional<TableKind> ParseTableKind(std::string_view name);
 
-// Static facts about one table record type.
+// Static facts about one table record type: the library's description plus
+// the tool's name for it and a call of its container getter.
 template <typename Record>
-struct TableTraits;
-
-template <>
-struct TableTraits<qawb::QAWBBasicTuningTable> {
-  using Record = qawb::QAWBBasicTuningTable;
-  using Message = qawb::tuning::QAWBBasicTuningTable;
-  static constexpr TableKind kKind = TableKind::kBasic;
+struct TableTraits : protomsg::TuningTableTraits<Record> {
+  using Base = protomsg::TuningTableTraits<Record>;
+  static constexpr TableKind kKind = static_cast<TableKind>(Base::kIndex);
   static const Record* Get(const qawb::QAWBTuning& t) {
-    return t.GetBasicTuningTable();
-  }
-};
-
-template <>
-struct TableTraits<qawb::QAWBAdvanceTuningTable> {
-  using Record = qawb::QAWBAdvanceTuningTable;
-  using Message = qawb::tuning::QAWBAdvanceTuningTable;
-  static constexpr TableKind kKind = TableKind::kAdvance;
-  static const Record* Get(const qawb::QAWBTuning& t) {
-    return t.GetAdvanceTuningTable();
-  }
-};
-
-template <>
-struct TableTraits<qawb::QAWBColorControlTuningTable> {
-  using Record = qawb::QAWBColorControlTuningTable;
-  using Message = qawb::tuning::QAWBColorControlTuningTable;
-  static constexpr TableKind kKind = TableKind::kColor;
-  static const Record* Get(const qawb::QAWBTuning& t) {
-    return t.GetColorControlTuningTable();
-  }
-};
-
-template <>
-struct TableTraits<qawb::QAWBFeatureTuningTable> {
-  using Record = qawb::QAWBFeatureTuningTable;
-  using Message = qawb::tuning::QAWBFeatureTuningTable;
-  static constexpr TableKind kKind = TableKind::kFeature;
-  static const Record* Get(const qawb::QAWBTuning& t) {
-    return t.GetFeatureTuningTable();
+    return (t.*Base::kGet)();
   }
 };
 
