@@ -13,6 +13,7 @@
 #include <string>
 
 #include "protomsg/record_conversions.h"
+#include "protomsg/tuning_table_traits.h"
 #include "tests/support/record_checks.h"
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
@@ -24,30 +25,25 @@ using q3a_test::SameBytes;
 
 enum class Encoding { kJson, kProtobuf };
 
-// Per table: its readers, a table whose file it must reject, and a JSON
-// text that names a frame-summary kind in the wrong letter case (the
-// colour-control table has none).
+// Per table: the library's description of it, a table whose file it must
+// reject, and a JSON text that names a frame-summary kind in the wrong letter
+// case (the colour-control table has none).
 template <typename Table>
 struct TableFiles;
 
 template <>
-struct TableFiles<qawb::QAWBBasicTuningTable> {
+struct TableFiles<qawb::QAWBBasicTuningTable>
+    : protomsg::TuningTableTraits<qawb::QAWBBasicTuningTable> {
   using Other = qawb::QAWBAdvanceTuningTable;
-  static constexpr auto kReadJson = protomsg::ReadQAWBBasicTuningTableWithJson;
-  static constexpr auto kReadProtobuf =
-      protomsg::ReadQAWBBasicTuningTableFromProtobuf;
   static constexpr const char* kBadEnumCase =
       R"({"grey_final_trust_level_list": {"bv_stats_trust_info": {)"
       R"("stats_type": {"target_region": "kQAWBFrameSummaryTypegrey"}}}})";
 };
 
 template <>
-struct TableFiles<qawb::QAWBAdvanceTuningTable> {
+struct TableFiles<qawb::QAWBAdvanceTuningTable>
+    : protomsg::TuningTableTraits<qawb::QAWBAdvanceTuningTable> {
   using Other = qawb::QAWBColorControlTuningTable;
-  static constexpr auto kReadJson =
-      protomsg::ReadQAWBAdvanceTuningTableWithJson;
-  static constexpr auto kReadProtobuf =
-      protomsg::ReadQAWBAdvanceTuningTableFromProtobuf;
   static constexpr const char* kBadEnumCase =
       R"({"outdoor_tuning_table": {"outdoor_final_trust_level_list": {)"
       R"("bv_stats_trust_info": {"stats_type": {"base_region": )"
@@ -55,22 +51,16 @@ struct TableFiles<qawb::QAWBAdvanceTuningTable> {
 };
 
 template <>
-struct TableFiles<qawb::QAWBColorControlTuningTable> {
+struct TableFiles<qawb::QAWBColorControlTuningTable>
+    : protomsg::TuningTableTraits<qawb::QAWBColorControlTuningTable> {
   using Other = qawb::QAWBFeatureTuningTable;
-  static constexpr auto kReadJson =
-      protomsg::ReadQAWBColorControlTuningTableWithJson;
-  static constexpr auto kReadProtobuf =
-      protomsg::ReadQAWBColorControlTuningTableFromProtobuf;
   static constexpr const char* kBadEnumCase = nullptr;
 };
 
 template <>
-struct TableFiles<qawb::QAWBFeatureTuningTable> {
+struct TableFiles<qawb::QAWBFeatureTuningTable>
+    : protomsg::TuningTableTraits<qawb::QAWBFeatureTuningTable> {
   using Other = qawb::QAWBBasicTuningTable;
-  static constexpr auto kReadJson =
-      protomsg::ReadQAWBFeatureTuningTableWithJson;
-  static constexpr auto kReadProtobuf =
-      protomsg::ReadQAWBFeatureTuningTableFromProtobuf;
   static constexpr const char* kBadEnumCase =
       R"({"face_tuning_table": {"face_ideal_cct_trust_level_list": {)"
       R"("stats_type": {"target_region": "kqawbframesummarytypeface"}}}})";
