@@ -1,20 +1,33 @@
 #include "protomsg/tuning_files.h"
 
-#include <google/protobuf/arena.h>
+#include <fcntl.h>
+#include <google/protobuf/descriptor.h>
+#include <google/protobuf/io/zero_copy_stream_impl.h>
+#include <google/protobuf/io/zero_copy_stream_impl_lite.h>
 #include <google/protobuf/util/json_util.h>
+#include <google/protobuf/util/type_resolver.h>
+#include <google/protobuf/util/type_resolver_util.h>
 #include <sys/stat.h>
 
 #include <cstdio>
 #include <optional>
 #include <string>
 
-#include "protomsg/record_conversions.h"
+#include "protomsg/internal/wire_decoder.h"
+#include "protomsg/internal/wire_encoder.h"
 
+// The files go straight between the record and the wire format. Protobuf's
+// JSON functions print from and parse to wire bytes themselves (its
+// message-based JSON calls only serialise or parse a message around them),
+// so a message tree is built only for a binary input the decoder leaves to
+// protobuf's parser.
 namespace protomsg {
 namespace {
 
-using google::protobuf::Arena;
+namespace io = google::protobuf::io;
 namespace util = google::protobuf::util;
+
+constexpr char kTypeUrlPrefix[] = "type.googleapis.com";
 
 util::JsonPrintOptions TuningFilePrintOptions() {
   util::JsonPrintOptions options;
@@ -32,21 +45,21 @@ util::JsonParseOptions TuningFileParseOptions() {
   return options;
 }
 
-// The message tree of a whole table is thousands of sub-messages; building
-// it on an arena replaces as many heap allocations with a few blocks, sized
-// so that a full table takes a handful of them.
-google::protobuf::ArenaOptions TreeArenaOptions() {
-  google::protobuf::ArenaOptions options;
-  options.start_block_size = 16 << 10;
-  options.max_block_size = 256 << 10;
-  return options;
+// The schema's types for the JSON functions, as protobuf resolves them for
+// generated messages. Made once and kept for the life of the process.
+util::TypeResolver* GeneratedTypeResolver() {
+  static util::TypeResolver* const resolver =
+      util::NewTypeResolverForDescriptorPool(
+          kTypeUrlPrefix, google::protobuf::DescriptorPool::generated_pool());
+  return resolver;
 }
 
-template <typename Message, typename Table>
-Message* NewMessage(Arena& arena, const Table& table) {
-  Message* message = Arena::CreateMessage<Message>(&arena);
-  ConvertToMessage(table, *message);
-  return message;
+template <typename Table>
+const std::string& TypeUrl() {
+  static const std::string* const url = new std::string(
+      std::string(kTypeUrlPrefix) + "/" +
+      internal::MessageFor<Table>::type::descriptor()->full_name());
+  return *url;
 }
 
 // Writes `bytes` to `path` with one write, creating or truncating the file.
@@ -88,51 +101,46 @@ std::optional<std::string> ReadFile(const std::string& path, const char* mode) {
   return content;
 }
 
-template <typename Message, typename Table>
+template <typename Table>
 void SaveJson(const std::string& path, const Table& table) {
-  Arena arena(TreeArenaOptions());
-  const Message* message = NewMessage<Message>(arena, table);
-  std::string text;
+  const std::string bytes = internal::EncodeRecord(table);
+  const int fd =
+      open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  if (fd < 0) return;
+  // Large blocks keep the printed text to a few writes.
+  io::FileOutputStream out(fd, 64 << 10);
+  io::ArrayInputStream in(bytes.data(), static_cast<int>(bytes.size()));
   // A failed print still writes whatever text it produced.
-  (void)util::MessageToJsonString(*message, &text, TuningFilePrintOptions());
-  WriteFile(path, "w", text);
+  (void)util::BinaryToJsonStream(GeneratedTypeResolver(), TypeUrl<Table>(), &in,
+                                 &out, TuningFilePrintOptions());
+  out.Close();
 }
 
-template <typename Message, typename Table>
+template <typename Table>
 void SaveProtobuf(const std::string& path, const Table& table) {
-  Arena arena(TreeArenaOptions());
-  const Message* message = NewMessage<Message>(arena, table);
-  std::string bytes;
-  (void)message->SerializeToString(&bytes);
-  WriteFile(path, "wb", bytes);
+  WriteFile(path, "wb", internal::EncodeRecord(table));
 }
 
-template <typename Message, typename Table>
+template <typename Table>
 bool ReadJson(const std::string& path, Table& table) {
   if (path.empty()) return false;
   const std::optional<std::string> text = ReadFile(path, "r");
   if (!text.has_value() || text->empty()) return false;
-  Arena arena(TreeArenaOptions());
-  Message* message = Arena::CreateMessage<Message>(&arena);
-  if (!util::JsonStringToMessage(*text, message, TuningFileParseOptions())
+  std::string bytes;
+  if (!util::JsonToBinaryString(GeneratedTypeResolver(), TypeUrl<Table>(),
+                                *text, &bytes, TuningFileParseOptions())
            .ok()) {
     return false;
   }
-  ConvertToStruct(*message, table);
-  return true;
+  return internal::DecodeRecord(bytes, table);
 }
 
-template <typename Message, typename Table>
+template <typename Table>
 bool ReadProtobuf(const std::string& path, Table& table) {
   if (path.empty()) return false;
   // A file that cannot be opened fails; a 0-byte file is an empty message.
   const std::optional<std::string> bytes = ReadFile(path, "rb");
-  if (!bytes.has_value()) return false;
-  Arena arena(TreeArenaOptions());
-  Message* message = Arena::CreateMessage<Message>(&arena);
-  if (!message->ParseFromString(*bytes)) return false;
-  ConvertToStruct(*message, table);
-  return true;
+  return bytes.has_value() && internal::DecodeRecord(*bytes, table);
 }
 
 }  // namespace
@@ -140,18 +148,18 @@ bool ReadProtobuf(const std::string& path, Table& table) {
 #define PROTOMSG_DEFINE_TUNING_FILES(Table)                                 \
   void SaveTuningTableWithJson(const std::string& path,                     \
                                const qawb::Table& table) {                  \
-    SaveJson<qawb::tuning::Table>(path, table);                             \
+    SaveJson(path, table);                                                  \
   }                                                                         \
   void SaveTuningTableWithProtobuf(const std::string& path,                 \
                                    const qawb::Table& table) {              \
-    SaveProtobuf<qawb::tuning::Table>(path, table);                         \
+    SaveProtobuf(path, table);                                              \
   }                                                                         \
   bool Read##Table##WithJson(const std::string& path, qawb::Table& table) { \
-    return ReadJson<qawb::tuning::Table>(path, table);                      \
+    return ReadJson(path, table);                                           \
   }                                                                         \
   bool Read##Table##FromProtobuf(const std::string& path,                   \
                                  qawb::Table& table) {                      \
-    return ReadProtobuf<qawb::tuning::Table>(path, table);                  \
+    return ReadProtobuf(path, table);                                       \
   }
 
 PROTOMSG_DEFINE_TUNING_FILES(QAWBBasicTuningTable)
