@@ -1,8 +1,8 @@
 // Tuning files: one top-level AWB table per file, as JSON text or as the
 // binary protobuf wire format of the table's interchange message.
 //
-// Writers convert the record into a fresh message and write it, creating or
-// truncating the file; they report nothing. Readers return true only if the
+// Writers write the record as its message, creating or truncating the file;
+// they report nothing. Readers return true only if the
 // file was read, parsed as the table's message (JSON: unknown fields and
 // enum names in other letter case rejected) and converted into `table`. On
 // false `table` is untouched; on true it is converted in place: scalars take
@@ -23,8 +23,8 @@ namespace protomsg {
 
 // JSON writers: indented, every scalar printed even when 0, enum values by
 // name, the schema's snake_case field names, no trailing newline.
-Q3A_EXPORT void SaveTuningTableWithJson(const std::string& path,
-                                        const qawb::QAWBBasicTuningTable& table);
+Q3A_EXPORT void SaveTuningTableWithJson(
+    const std::string& path, const qawb::QAWBBasicTuningTable& table);
 Q3A_EXPORT void SaveTuningTableWithJson(
     const std::string& path, const qawb::QAWBAdvanceTuningTable& table);
 Q3A_EXPORT void SaveTuningTableWithJson(
