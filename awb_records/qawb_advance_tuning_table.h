@@ -178,8 +178,7 @@ static_assert(sizeof(QAWBOutdoorPreferencePoint) == 36);
 static_assert(offsetof(QAWBOutdoorPreferencePoint, bv_number) == 0);
 static_assert(offsetof(QAWBOutdoorPreferencePoint, point_bv_list) == 4);
 
-// The trust levels of the four outdoor estimates, each a `QAWBFinalTrustLevel`
-// (Part 3.2).
+// The trust levels of the four outdoor estimates, each a `QAWBFinalTrustLevel`.
 struct QAWBOutdoorTrustLevel {
   QAWBFinalTrustLevel blue_trust_level;
   QAWBFinalTrustLevel green_trust_level;

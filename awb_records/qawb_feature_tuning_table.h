@@ -83,7 +83,7 @@ static_assert(offsetof(QAWBTruetoneRegion, region_bv_list) == 16);
 static_assert(offsetof(QAWBTruetoneRegion, per_tonetype_region_list) == 1000);
 
 // One point: a face-ratio threshold and its trust level. Also the element of
-// `face_size_weight_list` of Part 3.8.
+// `face_size_weight_list` of `QAWBWeightedAverageFaceCCT`.
 struct QAWBTrustLevelFaceRatio {
   float face_ratio_threshold;
   float trust_level;
@@ -376,7 +376,7 @@ static_assert(offsetof(QAWBFaceTuningTable, face_final_trust_level_list) ==
 static_assert(offsetof(QAWBFaceTuningTable, max_face_count) == 20824);
 
 // Illuminant weights by BV: the number of BV rows in use and up to 4 rows of 36
-// weights. Used by the spectral illuminant data of Part 3.9.
+// weights. Used by the spectral illuminant data (`QAWBSpectralIlluminantData`).
 struct QAWBFeatureIlluminantWeight {
   int32_t bv_number;
   QAWBIlluminantWeightData illuminant_cct_list[4];
