@@ -5,6 +5,8 @@
 // build time so that seeds follow the tables and the schema.
 //
 // Usage: q3a-fuzz-seeds OUTPUT_DIR
+#include <google/protobuf/util/json_util.h>
+
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -18,6 +20,7 @@
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 #include "libs_v4/qAWB/src/base/fixed_qawb_tuning.h"
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "protomsg/record_conversions.h"
 #include "protomsg/tuning_files.h"
 
 namespace {
@@ -62,6 +65,36 @@ class SeedWriter {
     const int shift = 2 * LoaderIndex(selector);
     const char modes = static_cast<char>((0x3 << shift) | (0x2 << (shift ^ 2)));
     WriteFile(out_ / "loader" / n, std::string{modes, '\x00'} + json);
+  }
+
+  // One seed per top-level field of the table, in the writer's JSON form:
+  // small inputs that each reach one sub-table's conversion, which whole
+  // tables reach only at a few executions a second.
+  template <typename Message, typename Table>
+  void AddFieldSeeds(char selector, const Table& table) {
+    Message whole;
+    protomsg::ConvertToMessage(table, whole);
+    google::protobuf::util::JsonPrintOptions options;
+    options.add_whitespace = true;
+    options.always_print_primitive_fields = true;
+    options.preserve_proto_field_names = true;
+    const auto* descriptor = whole.GetDescriptor();
+    const auto* reflection = whole.GetReflection();
+    for (int keep = 0; keep < descriptor->field_count(); ++keep) {
+      Message part = whole;
+      for (int f = 0; f < descriptor->field_count(); ++f) {
+        if (f != keep) reflection->ClearField(&part, descriptor->field(f));
+      }
+      std::string json;
+      if (!google::protobuf::util::MessageToJsonString(part, &json, options)
+               .ok()) {
+        continue;
+      }
+      WriteFile(out_ / "json" /
+                    ("field_" + std::to_string(static_cast<int>(selector)) +
+                     "_" + descriptor->field(keep)->name()),
+                selector + json);
+    }
   }
 
   void AddSmallSeeds() {
@@ -160,6 +193,14 @@ int main(int argc, char** argv) {
       seeds.AddTable(3, *tuning->GetFeatureTuningTable());
     }
   }
+  seeds.AddFieldSeeds<qawb::tuning::QAWBBasicTuningTable>(
+      0, *defaults.GetBasicTuningTable());
+  seeds.AddFieldSeeds<qawb::tuning::QAWBAdvanceTuningTable>(
+      1, *defaults.GetAdvanceTuningTable());
+  seeds.AddFieldSeeds<qawb::tuning::QAWBColorControlTuningTable>(
+      2, *defaults.GetColorControlTuningTable());
+  seeds.AddFieldSeeds<qawb::tuning::QAWBFeatureTuningTable>(
+      3, *defaults.GetFeatureTuningTable());
   seeds.AddSmallSeeds();
   seeds.WriteDictionary();
   return 0;
