@@ -6,9 +6,9 @@
 
 #include <fmt/format.h>
 
-#include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -26,12 +26,20 @@ struct Difference {
 
 namespace internal {
 
+// The byte a bool is stored in. A table restored from a tuning binary file
+// may hold any byte there, and loading it as a bool would be undefined.
+inline std::uint8_t StoredByte(const bool& value) {
+  std::uint8_t byte;
+  std::memcpy(&byte, &value, sizeof(byte));
+  return byte;
+}
+
 // Values print as the JSON tuning file shows them, floats in their shortest
 // exact form.
 template <typename T>
-std::string FormatValue(T value) {
+std::string FormatValue(const T& value) {
   if constexpr (std::is_same_v<T, bool>) {
-    return std::bit_cast<std::uint8_t>(value) != 0 ? "true" : "false";
+    return StoredByte(value) != 0 ? "true" : "false";
   } else if constexpr (std::is_same_v<T, qawb::QAWBFrameSummaryType>) {
     return fmt::format("{}", static_cast<std::int32_t>(value));
   } else if constexpr (std::is_floating_point_v<T>) {
@@ -42,12 +50,12 @@ std::string FormatValue(T value) {
 }
 
 template <typename T>
-bool SameValue(T a, T b, double tolerance) {
+bool SameValue(const T& a, const T& b, double tolerance) {
   if constexpr (std::is_floating_point_v<T>) {
     if (std::isnan(a) || std::isnan(b)) return std::isnan(a) && std::isnan(b);
     return a == b || std::fabs(static_cast<double>(a) - b) <= tolerance;
   } else if constexpr (std::is_same_v<T, bool>) {
-    return std::bit_cast<std::uint8_t>(a) == std::bit_cast<std::uint8_t>(b);
+    return StoredByte(a) == StoredByte(b);
   } else {
     return a == b;
   }
