@@ -66,26 +66,8 @@ int RunDump(const DumpOptions& options) {
   if (!format) throw CLI::ValidationError("--format", "use json or binary");
   auto tuning = std::make_unique<MutableQAWBTuning>();
   if (!ReadTuningBinaryFile(options.input, *tuning)) return kExitFailure;
-  std::error_code error;
-  std::filesystem::create_directories(options.directory, error);
-  int status = kExitOk;
-  for (TableKind kind : kAllTableKinds) {
-    const std::string path =
-        (std::filesystem::path(options.directory) /
-         (std::string(TableName(kind)) + std::string(FileExtension(*format))))
-            .string();
-    const bool written = VisitTableKind(kind, [&](auto type) {
-      using Record = typename decltype(type)::type;
-      return WriteTableFile(path, *format, *TableTraits<Record>::Get(*tuning));
-    });
-    if (written) {
-      fmt::print("{}\n", path);
-    } else {
-      fmt::print(stderr, "{}: could not write the file\n", path);
-      status = kExitFailure;
-    }
-  }
-  return status;
+  return WriteTableFiles(*tuning, options.directory, *format) ? kExitOk
+                                                              : kExitFailure;
 }
 
 struct RestoreOptions {

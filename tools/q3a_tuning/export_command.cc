@@ -42,33 +42,8 @@ int RunExport(const ExportOptions& options) {
     tuning = &RegisteredContainer(options.key);
   }
 
-  std::error_code error;
-  std::filesystem::create_directories(options.directory, error);
-  if (error) {
-    fmt::print(stderr, "{}: cannot create the directory: {}\n",
-               options.directory, error.message());
-    return kExitFailure;
-  }
-  int status = kExitOk;
-  for (TableKind kind : kAllTableKinds) {
-    const std::string path =
-        (std::filesystem::path(options.directory) /
-         (std::string(TableName(kind)) + std::string(FileExtension(*format))))
-            .string();
-    const bool written = VisitTableKind(kind, [&](auto type) {
-      using Record = typename decltype(type)::type;
-      const Record* table = TableTraits<Record>::Get(*tuning);
-      return table != nullptr && WriteTableFile(path, *format, *table);
-    });
-    if (written) {
-      fmt::print("{}\n", path);
-    } else {
-      fmt::print(stderr, "{}: could not write the {} table\n", path,
-                 TableName(kind));
-      status = kExitFailure;
-    }
-  }
-  return status;
+  return WriteTableFiles(*tuning, options.directory, *format) ? kExitOk
+                                                              : kExitFailure;
 }
 
 }  // namespace

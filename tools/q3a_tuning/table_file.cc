@@ -1,10 +1,12 @@
 #include "tools/q3a_tuning/table_file.h"
 
+#include <fmt/format.h>
 #include <google/protobuf/util/json_util.h>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 
 #include "protomsg/tuning_files.h"
@@ -152,6 +154,37 @@ std::vector<TableKind> CandidateTables(std::string_view content,
     if (fits) candidates.push_back(kind);
   }
   return candidates;
+}
+
+bool WriteTableFiles(const qawb::QAWBTuning& tuning,
+                     const std::string& directory, FileFormat format) {
+  std::error_code error;
+  std::filesystem::create_directories(directory, error);
+  if (error) {
+    fmt::print(stderr, "{}: cannot create the directory: {}\n", directory,
+               error.message());
+    return false;
+  }
+  bool all_written = true;
+  for (TableKind kind : kAllTableKinds) {
+    const std::string path =
+        (std::filesystem::path(directory) /
+         (std::string(TableName(kind)) + std::string(FileExtension(format))))
+            .string();
+    const bool written = VisitTableKind(kind, [&](auto type) {
+      using Record = typename decltype(type)::type;
+      const Record* table = TableTraits<Record>::Get(tuning);
+      return table != nullptr && WriteTableFile(path, format, *table);
+    });
+    if (written) {
+      fmt::print("{}\n", path);
+    } else {
+      fmt::print(stderr, "{}: could not write the {} table\n", path,
+                 TableName(kind));
+      all_written = false;
+    }
+  }
+  return all_written;
 }
 
 }  // namespace q3a_tool

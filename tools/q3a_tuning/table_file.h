@@ -46,6 +46,13 @@ template <typename Record>
 bool WriteTableFile(const std::string& path, FileFormat format,
                     const Record& table);
 
+// Writes the four tables of `tuning` into `directory` (created if needed) as
+// basic, advance, color and feature files of `format`. Prints each file
+// written to stdout and each failure, naming the file, to stderr; false if
+// anything could not be written.
+bool WriteTableFiles(const qawb::QAWBTuning& tuning,
+                     const std::string& directory, FileFormat format);
+
 // The whole content of a file, or nullopt with `error` set (errno's text).
 std::optional<std::string> ReadWholeFile(const std::string& path,
                                          std::string& error);
