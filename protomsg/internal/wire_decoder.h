@@ -26,6 +26,7 @@
 
 #include "awb_records/record_description.h"
 #include "protomsg/internal/field_codec.h"
+#include "protomsg/internal/message_for.h"
 #include "protomsg/internal/wire_format.h"
 #include "protomsg/record_conversions.h"
 
@@ -33,22 +34,6 @@ namespace protomsg::internal {
 
 static_assert(std::endian::native == std::endian::little,
               "fixed32 fields are copied as host bytes");
-
-// The message type that carries record type R.
-template <typename R>
-struct MessageFor;
-
-#define PROTOMSG_INTERNAL_MESSAGE_FOR(Record, Message, FIELDS) \
-  template <>                                                  \
-  struct MessageFor<::qawb::Record> {                          \
-    using type = ::qawb::tuning::Message;                      \
-  };
-QAWB_SHARED_RECORDS(PROTOMSG_INTERNAL_MESSAGE_FOR)
-QAWB_BASIC_TABLE_RECORDS(PROTOMSG_INTERNAL_MESSAGE_FOR)
-QAWB_ADVANCE_TABLE_RECORDS(PROTOMSG_INTERNAL_MESSAGE_FOR)
-QAWB_COLOR_CONTROL_TABLE_RECORDS(PROTOMSG_INTERNAL_MESSAGE_FOR)
-QAWB_FEATURE_TABLE_RECORDS(PROTOMSG_INTERNAL_MESSAGE_FOR)
-#undef PROTOMSG_INTERNAL_MESSAGE_FOR
 
 // The canonical-form decoder. Every function returns false as soon as the
 // input leaves the canonical form; the record is then partly written and

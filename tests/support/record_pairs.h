@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "protomsg/internal/message_for.h"
 #include "protomsg/record_conversions.h"
 
 namespace q3a_test {
@@ -33,19 +34,7 @@ using AllRecordPairs = DropFirst<
 
 // The message type that carries record type R.
 template <typename R>
-struct MessageOf;
-
-#define Q3A_TEST_MESSAGE_OF(Record, Message, FIELDS) \
-  template <>                                        \
-  struct MessageOf<::qawb::Record> {                 \
-    using type = ::qawb::tuning::Message;            \
-  };
-QAWB_SHARED_RECORDS(Q3A_TEST_MESSAGE_OF)
-QAWB_BASIC_TABLE_RECORDS(Q3A_TEST_MESSAGE_OF)
-QAWB_ADVANCE_TABLE_RECORDS(Q3A_TEST_MESSAGE_OF)
-QAWB_COLOR_CONTROL_TABLE_RECORDS(Q3A_TEST_MESSAGE_OF)
-QAWB_FEATURE_TABLE_RECORDS(Q3A_TEST_MESSAGE_OF)
-#undef Q3A_TEST_MESSAGE_OF
+using MessageOf = protomsg::internal::MessageFor<R>;
 
 // Names typed test cases after the record, e.g. "QAWBGains".
 struct RecordPairName {
