@@ -13,21 +13,11 @@
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "protomsg/record_conversions.h"
+#include "tests/support/tuning_bytes.h"
 
 namespace {
 
-// The four tables' bytes in file order.
-std::string TableBytes(const qawb::MutableQAWBTuning& tuning) {
-  std::string bytes;
-  auto append = [&bytes](const auto* table) {
-    bytes.append(reinterpret_cast<const char*>(table), sizeof(*table));
-  };
-  append(tuning.GetBasicTuningTable());
-  append(tuning.GetAdvanceTuningTable());
-  append(tuning.GetColorControlTuningTable());
-  append(tuning.GetFeatureTuningTable());
-  return bytes;
-}
+using q3a_test::TableBytes;
 
 void ConvertAll(const qawb::MutableQAWBTuning& tuning) {
   qawb::tuning::QAWBBasicTuningTable basic;

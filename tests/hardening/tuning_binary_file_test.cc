@@ -11,23 +11,14 @@
 #include "tests/hardening/file_bytes.h"
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
+#include "tests/support/tuning_bytes.h"
 
 namespace {
 
 constexpr std::size_t kFileSize =
     qawb::MutableQAWBTuning::kTuningBinaryFileSize;
 
-std::string TableBytes(const qawb::MutableQAWBTuning& tuning) {
-  std::string bytes;
-  auto append = [&bytes](const auto* table) {
-    bytes.append(reinterpret_cast<const char*>(table), sizeof(*table));
-  };
-  append(tuning.GetBasicTuningTable());
-  append(tuning.GetAdvanceTuningTable());
-  append(tuning.GetColorControlTuningTable());
-  append(tuning.GetFeatureTuningTable());
-  return bytes;
-}
+using q3a_test::TableBytes;
 
 struct WrongSize {
   const char* name;
