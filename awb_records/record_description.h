@@ -12,6 +12,8 @@
 
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 namespace qawb::internal {
@@ -55,6 +57,34 @@ template <typename T>
 concept DescribedRecord = requires(T& record) {
   ForEachField(record, [](const char*, auto&) {});
 };
+
+// Calls `visit(name, field_of_a, field_of_b)` for every listed field of two
+// records of the same type, in order: one walk where two records are compared
+// or merged field by field.
+template <DescribedRecord Record, typename Other, typename Visitor>
+requires std::same_as<std::remove_const_t<Record>, std::remove_const_t<Other>>
+void ForEachFieldPair(Record& a, Other& b, Visitor&& visit) {
+  using OtherBytes =
+      std::conditional_t<std::is_const_v<Other>, const char, char>;
+  ForEachField(a, [&](const char* name, auto& field_of_a) {
+    using Field = std::remove_cvref_t<decltype(field_of_a)>;
+    using OtherField =
+        std::conditional_t<std::is_const_v<Other>, const Field, Field>;
+    const std::ptrdiff_t offset = reinterpret_cast<const char*>(&field_of_a) -
+                                  reinterpret_cast<const char*>(&a);
+    visit(name, field_of_a,
+          *reinterpret_cast<OtherField*>(reinterpret_cast<OtherBytes*>(&b) +
+                                         offset));
+  });
+}
+
+// The byte a bool is stored in. A table restored from a tuning binary file may
+// hold any byte there, and loading it as a bool would be undefined.
+inline std::uint8_t StoredByte(const bool& value) {
+  std::uint8_t byte;
+  std::memcpy(&byte, &value, sizeof(byte));
+  return byte;
+}
 
 }  // namespace qawb
 

@@ -13,15 +13,16 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  constexpr auto kByValue = q3a_fuzz::RoundTrip::kFloatsByValue;
   static const q3a_fuzz::TableFormats kJson = {
       {protomsg::ReadQAWBBasicTuningTableWithJson,
-       protomsg::SaveTuningTableWithJson},
+       protomsg::SaveTuningTableWithJson, kByValue},
       {protomsg::ReadQAWBAdvanceTuningTableWithJson,
-       protomsg::SaveTuningTableWithJson},
+       protomsg::SaveTuningTableWithJson, kByValue},
       {protomsg::ReadQAWBColorControlTuningTableWithJson,
-       protomsg::SaveTuningTableWithJson},
+       protomsg::SaveTuningTableWithJson, kByValue},
       {protomsg::ReadQAWBFeatureTuningTableWithJson,
-       protomsg::SaveTuningTableWithJson},
+       protomsg::SaveTuningTableWithJson, kByValue},
   };
   q3a_fuzz::CheckSelectedTableFile(data, size, kJson);
   return 0;

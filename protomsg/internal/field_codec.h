@@ -24,16 +24,6 @@ template <typename Array>
 inline constexpr std::size_t kFlatCapacity =
     sizeof(Array) / sizeof(std::remove_all_extents_t<Array>);
 
-// Whether the byte a bool is stored in is non-zero. Records restored from a
-// tuning binary file may hold any byte there, and loading a byte other than
-// 0 or 1 as a bool (a copy or a bit_cast does) is undefined behaviour, so
-// the byte is copied out as a byte.
-inline bool StoredBoolIsSet(const bool& value) {
-  std::uint8_t byte;
-  std::memcpy(&byte, &value, sizeof(byte));
-  return byte != 0;
-}
-
 // Record scalar to message scalar: integers sign- or zero-extend to 32 bits
 // according to their own type; a bool is read as its stored byte. Taken by
 // reference so that such a bool is never copied as a bool.
@@ -42,7 +32,7 @@ auto WidenScalar(const T& value) {
   if constexpr (std::is_same_v<T, float>) {
     return value;
   } else if constexpr (std::is_same_v<T, bool>) {
-    return StoredBoolIsSet(value);
+    return qawb::StoredByte(value) != 0;
   } else {
     return static_cast<std::int32_t>(value);
   }

@@ -40,7 +40,7 @@ std::uint64_t VarintOf(const Scalar& value) {
         static_cast<std::int64_t>(ConvertToMessage(value)));
   } else if constexpr (std::is_same_v<Scalar, bool>) {
     // Read as a byte: a raw byte other than 0 or 1 is true, not UB.
-    return StoredBoolIsSet(value) ? 1 : 0;
+    return qawb::StoredByte(value) != 0 ? 1 : 0;
   } else {
     return ZigZagEncode(WidenScalar(value));
   }

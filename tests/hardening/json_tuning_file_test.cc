@@ -74,6 +74,14 @@ Check GainIs(float expected) {
   };
 }
 
+// A zero gain with the given sign.
+Check GainHasSign(bool negative) {
+  return [negative](const auto& after, const auto&) {
+    EXPECT_EQ(after.initial_gain.r_gain, 0.0f);
+    EXPECT_EQ(std::signbit(after.initial_gain.r_gain), negative);
+  };
+}
+
 std::vector<JsonCase> JsonCases() {
   constexpr float kFloatMax = std::numeric_limits<float>::max();
   constexpr float kInfinity = std::numeric_limits<float>::infinity();
@@ -97,6 +105,13 @@ std::vector<JsonCase> JsonCases() {
       {"SintAsExponent", WithCct("1e2"), true, CctIs(100)},
       {"SintAsString", WithCct(R"("42")"), true, CctIs(42)},
       {"FloatMax", WithGain("3.4028235e38"), true, GainIs(kFloatMax)},
+      // protobuf reads the bare number -0 through its integer path, so the
+      // sign is lost; -0.0 and the string "-0" keep it.
+      {"MinusZeroLosesItsSign", WithGain("-0"), true, GainHasSign(false)},
+      {"MinusZeroPointZeroKeepsItsSign", WithGain("-0.0"), true,
+       GainHasSign(true)},
+      {"MinusZeroStringKeepsItsSign", WithGain(R"("-0")"), true,
+       GainHasSign(true)},
       {"FloatUnderflowsToZero", WithGain("1e-50"), true, GainIs(0.0f)},
       // The JSON mapping spells the special floats as these strings, so they
       // reach the table as they are; the AWB algorithm sees a NaN gain.
@@ -190,5 +205,22 @@ INSTANTIATE_TEST_SUITE_P(BasicTable, JsonTuningFileTest,
                          [](const testing::TestParamInfo<JsonCase>& info) {
                            return std::string(info.param.name);
                          });
+
+// The writer prints -0.0f as protobuf does, `-0`, which reads back as +0.0f:
+// a JSON round trip keeps every float's value but not a zero's sign.
+TEST(JsonTuningFileRoundTrip, MinusZeroComesBackAsPlusZero) {
+  q3a_test::ScopedTempDir dir;
+  auto table = q3a_test::MakeRecord<QAWBBasicTuningTable>(5);
+  table->initial_gain.r_gain = -0.0f;
+  protomsg::SaveTuningTableWithJson(dir.File("basic.json"), *table);
+  EXPECT_NE(q3a_test::ReadFileBytes(dir.File("basic.json"))
+                .find(R"("r_gain": -0,)"),
+            std::string::npos);
+
+  ASSERT_TRUE(protomsg::ReadQAWBBasicTuningTableWithJson(dir.File("basic.json"),
+                                                         *table));
+  EXPECT_EQ(table->initial_gain.r_gain, 0.0f);
+  EXPECT_FALSE(std::signbit(table->initial_gain.r_gain));
+}
 
 }  // namespace

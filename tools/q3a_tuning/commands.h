@@ -7,11 +7,9 @@
 
 #include <CLI/CLI.hpp>
 
-namespace q3a_tool {
+#include "tools/q3a_tuning/tool_error.h"
 
-inline constexpr int kExitOk = 0;
-inline constexpr int kExitFailure = 1;
-inline constexpr int kExitUsage = 2;
+namespace q3a_tool {
 
 void AddListCommand(CLI::App& app, int& exit_code);
 void AddExportCommand(CLI::App& app, int& exit_code);

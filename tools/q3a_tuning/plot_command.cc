@@ -1,11 +1,11 @@
 // `plot`: an SVG picture of a basic table (see svg_plot.h).
 #include <fmt/format.h>
 
-#include <cstdio>
 #include <memory>
 #include <string>
 
 #include "tools/q3a_tuning/commands.h"
+#include "tools/q3a_tuning/output_file.h"
 #include "tools/q3a_tuning/svg_plot.h"
 #include "tools/q3a_tuning/table_diagnostics.h"
 #include "tools/q3a_tuning/table_guess.h"
@@ -41,13 +41,10 @@ int RunPlot(const PlotOptions& options) {
     }
   }
   const std::string svg = RenderBasicTableSvg(*table, operand.name);
-  std::FILE* file = std::fopen(options.output.c_str(), "w");
-  const bool written = file != nullptr && std::fwrite(svg.data(), 1, svg.size(),
-                                                      file) == svg.size();
-  if (file != nullptr && std::fclose(file) != 0) return kExitFailure;
-  if (!written) {
-    fmt::print(stderr, "{}: could not write the file\n", options.output);
-    return kExitFailure;
+  const std::string inputs[] = {operand.file};
+  if (auto error = WriteOutputFile(options.output, svg, inputs)) {
+    fmt::print(stderr, "{}\n", error->message);
+    return error->exit_code;
   }
   fmt::print("{}\n", options.output);
   return kExitOk;

@@ -8,7 +8,6 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -26,20 +25,12 @@ struct Difference {
 
 namespace internal {
 
-// The byte a bool is stored in. A table restored from a tuning binary file
-// may hold any byte there, and loading it as a bool would be undefined.
-inline std::uint8_t StoredByte(const bool& value) {
-  std::uint8_t byte;
-  std::memcpy(&byte, &value, sizeof(byte));
-  return byte;
-}
-
 // Values print as the JSON tuning file shows them, floats in their shortest
 // exact form.
 template <typename T>
 std::string FormatValue(const T& value) {
   if constexpr (std::is_same_v<T, bool>) {
-    return StoredByte(value) != 0 ? "true" : "false";
+    return qawb::StoredByte(value) != 0 ? "true" : "false";
   } else if constexpr (std::is_same_v<T, qawb::QAWBFrameSummaryType>) {
     return fmt::format("{}", static_cast<std::int32_t>(value));
   } else if constexpr (std::is_floating_point_v<T>) {
@@ -55,7 +46,7 @@ bool SameValue(const T& a, const T& b, double tolerance) {
     if (std::isnan(a) || std::isnan(b)) return std::isnan(a) && std::isnan(b);
     return a == b || std::fabs(static_cast<double>(a) - b) <= tolerance;
   } else if constexpr (std::is_same_v<T, bool>) {
-    return StoredByte(a) == StoredByte(b);
+    return qawb::StoredByte(a) == qawb::StoredByte(b);
   } else {
     return a == b;
   }
@@ -80,12 +71,8 @@ class RecordDiffer {
         Compare(a[i], b[i], fmt::format("{}[{}]", path, i));
       }
     } else if constexpr (qawb::DescribedRecord<T>) {
-      ForEachField(a, [&](const char* name, const auto& field_a) {
-        const auto& field_b =
-            *reinterpret_cast<const std::remove_cvref_t<decltype(field_a)>*>(
-                reinterpret_cast<const char*>(&b) +
-                (reinterpret_cast<const char*>(&field_a) -
-                 reinterpret_cast<const char*>(&a)));
+      qawb::ForEachFieldPair(a, b, [&](const char* name, const auto& field_a,
+                                       const auto& field_b) {
         Compare(field_a, field_b,
                 path.empty() ? std::string(name)
                              : fmt::format("{}.{}", path, name));
