@@ -9,6 +9,8 @@
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "tools/q3a_tuning/commands.h"
+#include "tools/q3a_tuning/input_file.h"
+#include "tools/q3a_tuning/output_file.h"
 #include "tools/q3a_tuning/table_diagnostics.h"
 #include "tools/q3a_tuning/table_guess.h"
 #include "tools/q3a_tuning/table_sources.h"
@@ -21,53 +23,41 @@ using qawb::MutableQAWBTuning;
 
 // Checks the size before the container reads, so the user gets the reason
 // on stderr rather than only in the Android log.
-bool ReadTuningBinaryFile(const std::string& path, MutableQAWBTuning& tuning) {
-  std::string error;
-  const std::optional<TuningBinaryFileInfo> info =
-      InspectTuningBinaryFile(path, error);
-  if (!info) {
-    fmt::print(stderr, "{}: cannot read the file: {}\n", path, error);
-    return false;
-  }
+std::optional<ToolError> ReadTuningBinaryFile(const std::string& path,
+                                              MutableQAWBTuning& tuning) {
+  const Result<TuningBinaryFileInfo> info = InspectTuningBinaryFile(path);
+  if (!info.ok()) return info.error();
   if (!info->size_ok) {
-    fmt::print(stderr,
-               "{}: {} bytes, but a tuning binary file has exactly {}\n", path,
-               info->size, MutableQAWBTuning::kTuningBinaryFileSize);
-    return false;
+    return ToolError{fmt::format(
+        "{}: {} bytes, but a tuning binary file has exactly {}", path,
+        info->size, MutableQAWBTuning::kTuningBinaryFileSize)};
   }
   if (!tuning.ReadFromFile(path)) {
-    fmt::print(stderr, "{}: the container refused the file\n", path);
-    return false;
+    return ToolError{path + ": the container refused the file"};
   }
-  return true;
-}
-
-bool WriteTuningBinaryFile(const std::string& path,
-                           const MutableQAWBTuning& tuning) {
-  std::error_code ignored;
-  std::filesystem::remove(path, ignored);
-  tuning.WriteToFile(path);
-  if (std::filesystem::file_size(path, ignored) !=
-      MutableQAWBTuning::kTuningBinaryFileSize) {
-    fmt::print(stderr, "{}: could not write the tuning binary file\n", path);
-    return false;
-  }
-  return true;
+  return std::nullopt;
 }
 
 struct DumpOptions {
   std::string input;
   std::string directory;
   std::string format = "json";
+  bool compact = false;
 };
 
 int RunDump(const DumpOptions& options) {
   const std::optional<FileFormat> format = ParseFileFormat(options.format);
-  if (!format) throw CLI::ValidationError("--format", "use json or binary");
+  if (!format) return ReportError({"--format: use json or binary", kExitUsage});
   auto tuning = std::make_unique<MutableQAWBTuning>();
-  if (!ReadTuningBinaryFile(options.input, *tuning)) return kExitFailure;
-  return WriteTableFiles(*tuning, options.directory, *format) ? kExitOk
-                                                              : kExitFailure;
+  if (auto error = ReadTuningBinaryFile(options.input, *tuning)) {
+    return ReportError(*error);
+  }
+  const std::string inputs[] = {options.input};
+  std::vector<std::string> written;
+  const std::optional<ToolError> error = WriteTableFiles(
+      *tuning, options.directory, *format, options.compact, inputs, written);
+  for (const std::string& path : written) fmt::print("{}\n", path);
+  return error ? ReportError(*error) : kExitOk;
 }
 
 struct RestoreOptions {
@@ -77,64 +67,78 @@ struct RestoreOptions {
   std::string output;
 };
 
+template <typename Record>
+void SetTable(MutableQAWBTuning& tuning, const Record* table) {
+  if constexpr (std::is_same_v<Record, qawb::QAWBBasicTuningTable>) {
+    tuning.SetBasicTuningTable(table);
+  } else if constexpr (std::is_same_v<Record, qawb::QAWBAdvanceTuningTable>) {
+    tuning.SetAdvanceTuningTable(table);
+  } else if constexpr (std::is_same_v<Record,
+                                      qawb::QAWBColorControlTuningTable>) {
+    tuning.SetColorControlTuningTable(table);
+  } else {
+    tuning.SetFeatureTuningTable(table);
+  }
+}
+
 int RunRestore(const RestoreOptions& options) {
+  std::vector<std::string> inputs;
+  for (const auto& [kind, path] : options.files) inputs.push_back(path);
+  if (!options.base.empty()) inputs.push_back(options.base);
+  if (auto refused = CheckOutputPath(options.output, inputs)) {
+    return ReportError(*refused);
+  }
   auto tuning = std::make_unique<MutableQAWBTuning>();
   std::string base_name = "defaults";
   if (!options.key.empty()) {
-    const qawb::QAWBTuning& fixed = RegisteredContainer(options.key);
-    tuning->ReadFromTable(
-        fixed.GetBasicTuningTable(), fixed.GetAdvanceTuningTable(),
-        fixed.GetColorControlTuningTable(), fixed.GetFeatureTuningTable());
+    const auto fixed = RegisteredContainer(options.key);
+    if (!fixed.ok()) return ReportError(fixed.error());
+    tuning->ReadFromTable((*fixed)->GetBasicTuningTable(),
+                          (*fixed)->GetAdvanceTuningTable(),
+                          (*fixed)->GetColorControlTuningTable(),
+                          (*fixed)->GetFeatureTuningTable());
     base_name = "awb:" + options.key;
   } else if (!options.base.empty()) {
-    if (!ReadTuningBinaryFile(options.base, *tuning)) return kExitFailure;
+    if (auto error = ReadTuningBinaryFile(options.base, *tuning)) {
+      return ReportError(*error);
+    }
     base_name = options.base;
   }
+  std::vector<std::string> lines;
   for (TableKind kind : kAllTableKinds) {
     const auto file = options.files.find(kind);
     std::string source = base_name;
     if (file != options.files.end()) {
-      const FileFormat format = ResolveFormat(file->second, "");
-      const bool loaded = VisitTableKind(kind, [&](auto type) {
-        using Record = typename decltype(type)::type;
-        auto table = MakeZeroedTable<Record>();
-        std::string error;
-        if (!LoadTableFile(file->second, format, *table, error)) {
-          fmt::print(stderr, "{}\n", error);
-          return false;
-        }
-        if constexpr (std::is_same_v<Record, qawb::QAWBBasicTuningTable>) {
-          tuning->SetBasicTuningTable(table.get());
-        } else if constexpr (std::is_same_v<Record,
-                                            qawb::QAWBAdvanceTuningTable>) {
-          tuning->SetAdvanceTuningTable(table.get());
-        } else if constexpr (std::is_same_v<
-                                 Record, qawb::QAWBColorControlTuningTable>) {
-          tuning->SetColorControlTuningTable(table.get());
-        } else {
-          tuning->SetFeatureTuningTable(table.get());
-        }
-        return true;
-      });
-      if (!loaded) return kExitFailure;
+      const Result<FileFormat> format = ResolveFormat(file->second, "");
+      if (!format.ok()) return ReportError(format.error());
+      const std::optional<ToolError> error =
+          VisitTableKind(kind, [&](auto type) -> std::optional<ToolError> {
+            using Record = typename decltype(type)::type;
+            auto table = MakeZeroedTable<Record>();
+            if (auto failed = LoadTableFile(file->second, *format, *table)) {
+              return failed;
+            }
+            SetTable(*tuning, table.get());
+            return std::nullopt;
+          });
+      if (error) return ReportError(*error);
       source = file->second;
     }
-    fmt::print("{:<8} {:<6} from {}\n", TableName(kind),
-               VersionString(*TableVersion(*tuning, kind)), source);
+    lines.push_back(fmt::format("{:<8} {:<6} from {}", TableName(kind),
+                                VersionString(*TableVersion(*tuning, kind)),
+                                source));
   }
-  if (!WriteTuningBinaryFile(options.output, *tuning)) return kExitFailure;
+  if (auto error = WriteTuningBinaryFile(options.output, *tuning, inputs)) {
+    return ReportError(*error);
+  }
+  for (const std::string& line : lines) fmt::print("{}\n", line);
   fmt::print("{}\n", options.output);
   return kExitOk;
 }
 
 int RunInspect(const std::string& path) {
-  std::string error;
-  const std::optional<TuningBinaryFileInfo> info =
-      InspectTuningBinaryFile(path, error);
-  if (!info) {
-    fmt::print(stderr, "{}: cannot read the file: {}\n", path, error);
-    return kExitFailure;
-  }
+  const Result<TuningBinaryFileInfo> info = InspectTuningBinaryFile(path);
+  if (!info.ok()) return ReportError(info.error());
   fmt::print("{}: {} bytes, {}\n", path, info->size,
              info->size_ok
                  ? "the size of a tuning binary file"
@@ -163,6 +167,9 @@ void AddDumpCommand(CLI::App& app, int& exit_code) {
       ->required();
   command->add_option("--format", options->format, "json or binary")
       ->capture_default_str();
+  command->add_flag("--compact", options->compact,
+                    "Write only what carries meaning (see export)");
+  command->footer("Example:\n  q3a-tuning dump tuning.bin -o tables");
   command->callback([&exit_code, options] { exit_code = RunDump(*options); });
 }
 
@@ -188,6 +195,9 @@ void AddRestoreCommand(CLI::App& app, int& exit_code) {
   base->excludes(key);
   command->add_option("-o,--output", options->output, "Tuning binary file")
       ->required();
+  command->footer(
+      "Example:\n  q3a-tuning restore --key 0,-1,1,0,-1 --feature "
+      "feature.json -o tuning.bin");
   command->callback(
       [&exit_code, options] { exit_code = RunRestore(*options); });
 }
@@ -199,6 +209,7 @@ void AddInspectCommand(CLI::App& app, int& exit_code) {
       "Show a tuning binary file's size and its four tables' offsets and "
       "version heads. Exit 1 if the size is wrong.");
   command->add_option("input", *path, "Tuning binary file")->required();
+  command->footer("Example:\n  q3a-tuning inspect tuning.bin");
   command->callback([&exit_code, path] { exit_code = RunInspect(*path); });
 }
 

@@ -19,39 +19,43 @@ struct ConvertOptions {
   std::string table;
   std::string from;
   std::string to;
+  bool compact = false;
 };
 
 int RunConvert(const ConvertOptions& options) {
-  const FileFormat from = ResolveFormat(options.input, options.from);
-  const FileFormat to = ResolveFormat(options.output, options.to);
-  std::string error;
-  const std::optional<TableKind> kind =
-      ResolveTable(options.input, from, options.table, error);
-  if (!kind) {
-    fmt::print(stderr, "{}\n", error);
-    return kExitFailure;
+  const Result<FileFormat> from = ResolveFormat(options.input, options.from);
+  if (!from.ok()) return ReportError(from.error());
+  const Result<FileFormat> to = ResolveFormat(options.output, options.to);
+  if (!to.ok()) return ReportError(to.error());
+  const std::string inputs[] = {options.input};
+  if (auto refused = CheckOutputPath(options.output, inputs)) {
+    return ReportError(*refused);
   }
+  const Result<TableKind> kind =
+      ResolveTable(options.input, *from, options.table);
+  if (!kind.ok()) return ReportError(kind.error());
   // The record keeps only what fits; say so before it is lost.
-  const ValidationReport report = ValidateTableFile(options.input, from, *kind);
+  const ValidationReport report =
+      ValidateTableFile(options.input, *from, *kind);
+  if (report.unreadable) return ReportError(*report.unreadable);
   if (!report.accepted) {
-    for (const std::string& problem : report.problems) {
-      fmt::print(stderr, "{}\n", problem);
+    for (const Problem& problem : report.problems) {
+      fmt::print(stderr, "{}\n", ProblemText(problem));
     }
     return kExitFailure;
   }
-  for (const std::string& problem : report.problems) {
-    fmt::print(stderr, "warning: {}\n", problem);
+  for (const Problem& problem : report.problems) {
+    fmt::print(stderr, "warning: {}\n", ProblemText(problem));
   }
   return VisitTableKind(*kind, [&](auto type) {
     using Record = typename decltype(type)::type;
     auto table = MakeZeroedTable<Record>();
-    if (!LoadTableFile(options.input, from, *table, error)) {
-      fmt::print(stderr, "{}\n", error);
-      return kExitFailure;
+    if (auto error = LoadTableFile(options.input, *from, *table)) {
+      return ReportError(*error);
     }
-    if (!WriteTableFile(options.output, to, *table)) {
-      fmt::print(stderr, "{}: could not write the file\n", options.output);
-      return kExitFailure;
+    if (auto error = WriteTableFile(options.output, *to, *table, inputs,
+                                    options.compact)) {
+      return ReportError(*error);
     }
     fmt::print("{}\n", options.output);
     return kExitOk;
@@ -66,17 +70,22 @@ void AddConvertCommand(CLI::App& app, int& exit_code) {
       "convert",
       "Convert a tuning file between JSON and binary protobuf. The table "
       "passes through its record: entries beyond capacity are dropped "
-      "(with a warning) and every list comes out at full capacity.");
+      "(with a warning) and every list comes out at full capacity unless "
+      "--compact. The output must not be the input.");
   command->add_option("input", options->input, "Tuning file to read")
       ->required();
   command->add_option("output", options->output, "Tuning file to write")
       ->required();
   command->add_option("--table", options->table,
-                      "basic, advance, color or feature (guessed if omitted)");
+                      std::string(kTableNames) + " (guessed if omitted)");
   command->add_option("--from", options->from,
                       "json or binary (from the extension if omitted)");
   command->add_option("--to", options->to,
                       "json or binary (from the extension if omitted)");
+  command->add_flag("--compact", options->compact,
+                    "Write only what carries meaning: lists up to their "
+                    "counts, no zero tails, no default scalars");
+  command->footer("Example:\n  q3a-tuning convert feature.json feature.pb");
   command->callback(
       [&exit_code, options] { exit_code = RunConvert(*options); });
 }

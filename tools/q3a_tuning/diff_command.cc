@@ -1,14 +1,16 @@
 // `diff`: two tables compared field by field, each from a tuning file, a
-// registered container or the default tables.
+// registered container or the default tables. Exit codes as diff(1): 0 the
+// same, 1 different, 2 trouble (usage, an operand that cannot be read, or
+// operands that hold different tables).
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 
 #include "tools/q3a_tuning/commands.h"
+#include "tools/q3a_tuning/json_text.h"
 #include "tools/q3a_tuning/record_diff.h"
-#include "tools/q3a_tuning/table_diagnostics.h"
-#include "tools/q3a_tuning/table_guess.h"
 #include "tools/q3a_tuning/table_sources.h"
 
 namespace q3a_tool {
@@ -19,83 +21,93 @@ struct DiffOptions {
   std::string b;
   std::string table;
   double tolerance = 0.0;
+  bool json = false;
 };
 
-// Loads an operand's table into `table`; false with the reason printed.
-template <typename Record>
-bool LoadOperand(const TableOperand& operand, Record& table) {
-  if (operand.container != nullptr) {
-    const Record* source = TableTraits<Record>::Get(*operand.container);
-    if (source == nullptr) {
-      fmt::print(stderr, "{}: the container has no such table\n", operand.name);
-      return false;
-    }
-    table = *source;
-    return true;
-  }
-  std::string error;
-  if (!LoadTableFile(operand.file, ResolveFormat(operand.file, ""), table,
-                     error)) {
-    fmt::print(stderr, "{}\n", error);
-    return false;
-  }
-  return true;
+ToolError Trouble(ToolError error) {
+  error.exit_code = kExitUsage;
+  return error;
 }
 
 // The table both operands hold: named by --table or a container operand,
 // else guessed from the files, which must agree.
-std::optional<TableKind> CommonTable(const TableOperand& a,
-                                     const TableOperand& b,
-                                     const std::string& table_option) {
+Result<TableKind> CommonTable(const TableOperand& a, const TableOperand& b,
+                              const std::string& table_option) {
   std::optional<TableKind> kind;
   if (!table_option.empty()) {
-    std::string unused;
-    kind = ResolveTable("", FileFormat::kJson, table_option, unused);
+    const Result<TableKind> named = ParseTableOption(table_option);
+    if (!named.ok()) return named;
+    kind = *named;
   }
   for (const TableOperand* operand : {&a, &b}) {
     std::optional<TableKind> own = operand->kind;
-    if (!own && !kind) {
-      std::string error;
-      own = ResolveTable(operand->file, ResolveFormat(operand->file, ""), "",
-                         error);
-      if (!own) {
-        fmt::print(stderr, "{}\n", error);
-        return std::nullopt;
-      }
+    if (!own && !operand->file.empty()) {
+      const Result<FileFormat> format = ResolveFormat(operand->file, "");
+      if (!format.ok()) return format.error();
+      const Result<TableKind> guessed =
+          ResolveTable(operand->file, *format, kind ? std::string(TableName(*kind)) : "");
+      if (!guessed.ok()) return guessed.error();
+      own = *guessed;
     }
     if (own && kind && *own != *kind) {
-      fmt::print(stderr, "{} holds a {} table, not a {} table\n", operand->name,
-                 TableName(*own), TableName(*kind));
-      return std::nullopt;
+      return ToolError{fmt::format("{}: this is a {} table, not a {} table",
+                                   operand->name, TableName(*own),
+                                   TableName(*kind))};
     }
     if (own) kind = own;
   }
-  return kind;
+  return *kind;
+}
+
+void PrintJson(TableKind kind, const std::vector<Difference>& differences) {
+  JsonText json;
+  json.BeginObject();
+  json.Key("table").String(TableName(kind));
+  json.Key("differences").BeginArray();
+  for (const Difference& d : differences) {
+    json.BeginObject();
+    json.Key("path").String(d.path);
+    json.Key("old").String(d.old_value);
+    json.Key("new").String(d.new_value);
+    json.EndObject();
+  }
+  json.EndArray();
+  json.EndObject();
+  fmt::print("{}\n", json.Text());
 }
 
 int RunDiff(const DiffOptions& options) {
   if (options.tolerance < 0) {
-    throw CLI::ValidationError("--tolerance", "must not be negative");
+    return ReportError({"--tolerance: must not be negative", kExitUsage});
   }
   const auto defaults = DefaultContainer();
-  const TableOperand a = ParseTableOperand(options.a, *defaults);
-  const TableOperand b = ParseTableOperand(options.b, *defaults);
-  const std::optional<TableKind> kind = CommonTable(a, b, options.table);
-  if (!kind) return kExitFailure;
+  const Result<TableOperand> a = ParseTableOperand(options.a, *defaults);
+  if (!a.ok()) return ReportError(a.error());
+  const Result<TableOperand> b = ParseTableOperand(options.b, *defaults);
+  if (!b.ok()) return ReportError(b.error());
+  const Result<TableKind> kind = CommonTable(*a, *b, options.table);
+  if (!kind.ok()) return ReportError(Trouble(kind.error()));
   return VisitTableKind(*kind, [&](auto type) {
     using Record = typename decltype(type)::type;
     auto old_table = MakeZeroedTable<Record>();
     auto new_table = MakeZeroedTable<Record>();
-    if (!LoadOperand(a, *old_table) || !LoadOperand(b, *new_table)) {
-      return kExitFailure;
+    for (auto [operand, table] :
+         {std::pair{&*a, old_table.get()}, std::pair{&*b, new_table.get()}}) {
+      if (auto error = LoadOperand(*operand, *table)) {
+        return ReportError(Trouble(*error));
+      }
     }
     const std::vector<Difference> differences =
         DiffRecords(*old_table, *new_table, options.tolerance);
-    for (const Difference& d : differences) {
-      fmt::print("{}: {} -> {}\n", d.path, d.old_value, d.new_value);
+    if (options.json) {
+      PrintJson(*kind, differences);
+    } else {
+      for (const Difference& d : differences) {
+        fmt::print("{}: {} -> {}\n", d.path, d.old_value, d.new_value);
+      }
+      fmt::print("{} table: {} field(s) differ\n", TableName(*kind),
+                 differences.size());
     }
-    fmt::print("{} table: {} field(s) differ\n", TableName(*kind),
-               differences.size());
     return differences.empty() ? kExitOk : kExitFailure;
   });
 }
@@ -110,15 +122,20 @@ void AddDiffCommand(CLI::App& app, int& exit_code) {
       "operand is a tuning file (.json, .pb), awb:KEY:TABLE for a registered "
       "container's table (awb:0,-1,1,0,-1:feature) or defaults:TABLE. Files "
       "are read over zeroed tables, as the override loader reads them. Exit "
-      "1 when they differ.");
+      "0 the same, 1 different, 2 trouble.");
   command->add_option("old", options->a, "The first table")->required();
   command->add_option("new", options->b, "The second table")->required();
   command->add_option("--table", options->table,
-                      "basic, advance, color or feature (guessed if omitted)");
+                      std::string(kTableNames) + " (guessed if omitted)");
   command
       ->add_option("--tolerance", options->tolerance,
                    "Floats this close count as equal")
       ->capture_default_str();
+  command->add_flag("--json", options->json,
+                    "The differences as JSON (table, differences: path, "
+                    "old, new)");
+  command->footer(
+      "Example:\n  q3a-tuning diff awb:0,-1,1,0,-1:feature feature.json");
   command->callback([&exit_code, options] { exit_code = RunDiff(*options); });
 }
 

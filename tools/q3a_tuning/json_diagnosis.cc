@@ -8,6 +8,8 @@
 #include <limits>
 #include <variant>
 
+#include "tools/q3a_tuning/nearest_name.h"
+
 namespace q3a_tool {
 namespace {
 
@@ -76,8 +78,9 @@ bool ScalarFits(const JsonValue& value, const FieldDescriptor& field,
           field.enum_type()->FindValueByName(value.text) != nullptr) {
         return true;
       }
-      detail = fmt::format("\"{}\" is not a value of {}", value.text,
-                           field.enum_type()->name());
+      detail = fmt::format("\"{}\" is not a value of {}{}", value.text,
+                           field.enum_type()->name(),
+                           SuggestEnumValue(value.text, *field.enum_type()));
       return false;
     case FieldDescriptor::CPPTYPE_STRING:
       if (value.type == Type::kString) return true;
@@ -124,7 +127,8 @@ std::optional<JsonLocation> CheckObject(const JsonValue& object,
     if (field == nullptr) {
       return JsonLocation{
           member.key_position, member_path,
-          fmt::format("{} has no field \"{}\"", descriptor.name(), member.key)};
+          fmt::format("{} has no field \"{}\"{}", descriptor.name(),
+                      member.key, SuggestField(member.key, descriptor))};
     }
     const JsonValue& value = member.value;
     if (value.type == Type::kNull) continue;

@@ -15,10 +15,19 @@ constexpr int kMaxDepth = 64;
 
 class Parser {
  public:
-  explicit Parser(std::string_view text) : text_(text) {}
+  Parser(std::string_view text, std::vector<JsonLeniency>* leniencies)
+      : text_(text), leniencies_(leniencies) {}
 
   std::variant<JsonValue, JsonSyntaxError> Parse() {
     JsonValue root;
+    if (leniencies_ != nullptr && text_.starts_with("\xEF\xBB\xBF")) {
+      Note("byte-order-mark");
+      at_ = 3;
+    } else if (text_.starts_with("\xEF\xBB\xBF")) {
+      Fail("the file starts with a byte-order mark, which the library's "
+           "reader refuses");
+      return error_;
+    }
     SkipWhitespace();
     if (!ParseValue(root, 0)) return error_;
     SkipWhitespace();
@@ -37,7 +46,8 @@ class Parser {
     const char c = text_[at_];
     if (c == '{') return ParseObject(value, depth);
     if (c == '[') return ParseArray(value, depth);
-    if (c == '"') {
+    if (c == '"' || (c == '\'' && leniencies_ != nullptr)) {
+      if (c == '\'') Note("single-quote");
       value.type = JsonValue::Type::kString;
       return ParseString(value.text);
     }
@@ -70,8 +80,7 @@ class Parser {
       SkipWhitespace();
       JsonMember member;
       member.key_position = Here();
-      if (Peek() != '"') return Fail("expected a field name in quotes");
-      if (!ParseString(member.key)) return false;
+      if (!ParseKey(member.key)) return false;
       SkipWhitespace();
       if (Peek() != ':') return Fail("expected ':' after the field name");
       Advance(1);
@@ -80,7 +89,7 @@ class Parser {
       value.members.push_back(std::move(member));
       SkipWhitespace();
       if (Peek() == ',') {
-        Advance(1);
+        if (TrailingComma('}')) return true;
         continue;
       }
       if (Peek() == '}') {
@@ -105,7 +114,7 @@ class Parser {
       if (!ParseValue(value.elements.back(), depth + 1)) return false;
       SkipWhitespace();
       if (Peek() == ',') {
-        Advance(1);
+        if (TrailingComma(']')) return true;
         continue;
       }
       if (Peek() == ']') {
@@ -116,13 +125,51 @@ class Parser {
     }
   }
 
+  bool ParseKey(std::string& key) {
+    const char c = Peek();
+    if (c == '"' || (c == '\'' && leniencies_ != nullptr)) {
+      if (c == '\'') Note("single-quote");
+      return ParseString(key);
+    }
+    if (leniencies_ == nullptr || !IsKeyChar(c)) {
+      return Fail("expected a field name in quotes");
+    }
+    Note("unquoted-key");
+    while (IsKeyChar(Peek())) {
+      key += Peek();
+      Advance(1);
+    }
+    return true;
+  }
+
+  static bool IsKeyChar(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) || c == '_';
+  }
+
+  // Steps over the ',' at the cursor. True if `close` follows it (a
+  // trailing comma, read past in tolerant mode), which is then consumed.
+  bool TrailingComma(char close) {
+    const TextPosition comma = Here();
+    Advance(1);
+    SkipWhitespace();
+    if (leniencies_ == nullptr || Peek() != close) return false;
+    leniencies_->push_back({comma, "trailing-comma"});
+    Advance(1);
+    return true;
+  }
+
+  void Note(const char* rule) {
+    if (leniencies_ != nullptr) leniencies_->push_back({Here(), rule});
+  }
+
   // Escapes are checked for form; \u sequences are kept as written, which is
   // enough for locating values.
   bool ParseString(std::string& out) {
+    const char quote = Peek();
     Advance(1);
     while (at_ < text_.size()) {
       const char c = text_[at_];
-      if (c == '"') {
+      if (c == quote) {
         Advance(1);
         return true;
       }
@@ -132,8 +179,8 @@ class Parser {
       if (c == '\\') {
         if (at_ + 1 >= text_.size()) break;
         const char escape = text_[at_ + 1];
-        static constexpr std::string_view kSimple = "\"\\/bfnrt";
-        static constexpr std::string_view kDecoded = "\"\\/\b\f\n\r\t";
+        static constexpr std::string_view kSimple = "\"\\/bfnrt'";
+        static constexpr std::string_view kDecoded = "\"\\/\b\f\n\r\t'";
         const std::size_t simple = kSimple.find(escape);
         if (simple != std::string_view::npos) {
           out += kDecoded[simple];
@@ -183,13 +230,30 @@ class Parser {
   }
 
   void SkipWhitespace() {
-    while (at_ < text_.size() && (text_[at_] == ' ' || text_[at_] == '\t' ||
-                                  text_[at_] == '\n' || text_[at_] == '\r')) {
-      Advance(1);
+    while (at_ < text_.size()) {
+      const char c = text_[at_];
+      if (c == ' ' || c == '\t' || c == '\n' || c == '\r') {
+        Advance(1);
+      } else if (leniencies_ != nullptr && c == '/' &&
+                 (Peek(1) == '/' || Peek(1) == '*')) {
+        Note("comment");
+        const bool line = Peek(1) == '/';
+        Advance(2);
+        while (at_ < text_.size() &&
+               !(line ? text_[at_] == '\n'
+                      : text_[at_] == '*' && Peek(1) == '/')) {
+          Advance(1);
+        }
+        if (!line) Advance(2);
+      } else {
+        break;
+      }
     }
   }
 
-  char Peek() const { return at_ < text_.size() ? text_[at_] : '\0'; }
+  char Peek(std::size_t ahead = 0) const {
+    return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0';
+  }
 
   void Advance(std::size_t n) {
     for (std::size_t i = 0; i < n && at_ < text_.size(); ++i, ++at_) {
@@ -205,11 +269,15 @@ class Parser {
   TextPosition Here() const { return {line_, column_}; }
 
   bool Fail(std::string reason) {
+    if (Peek() == '/' && (Peek(1) == '/' || Peek(1) == '*')) {
+      reason = "a comment: JSON has none, and the library's reader refuses it";
+    }
     error_ = {Here(), std::move(reason)};
     return false;
   }
 
   std::string_view text_;
+  std::vector<JsonLeniency>* leniencies_;
   std::size_t at_ = 0;
   int line_ = 1;
   int column_ = 1;
@@ -238,8 +306,8 @@ bool JsonKeyMatches(std::string_view key, std::string_view field_name) {
 }
 
 std::variant<JsonValue, JsonSyntaxError> ParseJsonDocument(
-    std::string_view text) {
-  return Parser(text).Parse();
+    std::string_view text, std::vector<JsonLeniency>* leniencies) {
+  return Parser(text, leniencies).Parse();
 }
 
 const JsonValue* FindJsonPath(const JsonValue& root, std::string_view path) {

@@ -90,15 +90,18 @@ void CheckCount(const CountRule& rule, int count, const CountedList& list,
   const int entries_in_use = list.capacity / rule.per_entry;
   if (count < 0) {
     findings.push_back(
-        {count_path, fmt::format("{} is {}: a count cannot be negative",
-                                 rule.count_field, count)});
+        {count_path,
+         fmt::format("{} is {}: a count cannot be negative", rule.count_field,
+                     count),
+         "count"});
     return;
   }
   if (count > entries_in_use) {
     findings.push_back(
         {count_path,
          fmt::format("{} is {} but {} holds at most {} entries",
-                     rule.count_field, count, list.path, entries_in_use)});
+                     rule.count_field, count, list.path, entries_in_use),
+         "count"});
     return;
   }
   // Full capacity is how the writers emit every list; longer lists are
@@ -111,14 +114,16 @@ void CheckCount(const CountRule& rule, int count, const CountedList& list,
                      "as the table held it before (zero when loaded as an "
                      "override)",
                      rule.count_field, count, list.given, expected,
-                     Range("value", list.given, expected - 1))});
+                     Range("value", list.given, expected - 1)),
+         "count"});
   } else if (list.given > expected) {
     findings.push_back(
         {list.path,
          fmt::format("the list gives {} values but {} is {}: the last {} "
                      "are not used",
                      list.given, rule.count_field, count,
-                     list.given - expected)});
+                     list.given - expected),
+         "count"});
   }
 }
 
@@ -186,10 +191,11 @@ class Linter {
     if (limit != nullptr && size > limit->capacity) {
       kept = limit->capacity;
       findings_.push_back(
-          {path,
+          {fmt::format("{}[{}]", path, limit->capacity),
            fmt::format("{} entries given but the table holds {}: {} dropped",
                        size, limit->capacity,
-                       Range("entry", limit->capacity, size - 1))});
+                       Range("entry", limit->capacity, size - 1)),
+           "over-capacity"});
     }
     if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
       for (int i = 0; i < kept; ++i) {
@@ -226,7 +232,8 @@ class Linter {
                        value == kLastFrameSummaryKind + 1 ? "the count "
                                                             "of kinds"
                                                           : "-1 "
-                                                            "(invalid)")});
+                                                            "(invalid)"),
+           "frame-summary"});
       return;
     }
     if (limit == nullptr || !limit->narrow ||
@@ -240,7 +247,8 @@ class Linter {
     findings_.push_back(
         {path, fmt::format("{} does not fit the record's {} field; it is "
                            "stored as {}",
-                           value, limit->type_name, limit->stored(value))});
+                           value, limit->type_name, limit->stored(value)),
+         "narrow-integer"});
   }
 
   std::vector<Finding> findings_;
@@ -250,6 +258,39 @@ class Linter {
 
 std::vector<Finding> LintTableMessage(const Message& table) {
   return Linter().Run(table);
+}
+
+std::vector<Finding> CollapseFindings(std::vector<Finding> findings) {
+  auto pattern_of = [](const std::string& path) {
+    std::string pattern;
+    bool in_index = false;
+    for (char c : path) {
+      if (c == '[') in_index = true;
+      if (!in_index || c == '[' || c == ']') pattern += c;
+      if (c == ']') in_index = false;
+    }
+    return pattern;
+  };
+  std::vector<Finding> kept;
+  std::vector<std::string> keys;
+  std::vector<int> repeats;
+  for (Finding& finding : findings) {
+    const std::string key = finding.rule + " " + pattern_of(finding.path);
+    const auto it = std::find(keys.begin(), keys.end(), key);
+    if (it != keys.end()) {
+      ++repeats[it - keys.begin()];
+      continue;
+    }
+    keys.push_back(key);
+    repeats.push_back(0);
+    kept.push_back(std::move(finding));
+  }
+  for (std::size_t i = 0; i < kept.size(); ++i) {
+    if (repeats[i] == 0) continue;
+    kept[i].message += fmt::format(" (and {} more like it at {})", repeats[i],
+                                   pattern_of(kept[i].path));
+  }
+  return kept;
 }
 
 }  // namespace q3a_tool

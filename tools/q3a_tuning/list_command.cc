@@ -119,6 +119,7 @@ void AddListCommand(CLI::App& app, int& exit_code) {
       "the four tables with their versions and sharing.");
   auto json = std::make_shared<bool>(false);
   command->add_flag("--json", *json, "Machine-readable output");
+  command->footer("Example:\n  q3a-tuning list --json");
   command->callback([&exit_code, json] {
     const std::vector<Registration> registrations =
         ListRegistrations(q3a_coordinator::GetTuningMap());

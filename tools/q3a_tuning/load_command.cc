@@ -14,8 +14,12 @@
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "tools/q3a_tuning/commands.h"
+#include "tools/q3a_tuning/input_file.h"
+#include "tools/q3a_tuning/output_file.h"
 #include "tools/q3a_tuning/table_diagnostics.h"
+#include "tools/q3a_tuning/table_guess.h"
 #include "tools/q3a_tuning/table_sources.h"
+#include "tools/q3a_tuning/tuning_binary_file.h"
 #include "tuning/qawb/load_qawb_tuning_from_file.h"
 
 namespace q3a_tool {
@@ -50,22 +54,50 @@ std::string_view SeverityLetter(android::base::LogSeverity severity) {
              : "?";
 }
 
+// Why the loader did not take `path` as the `kind` table.
+std::string WhyNotLoaded(const std::string& path, TableKind kind) {
+  const Result<std::string> content = ReadInputFile(path);
+  if (!content.ok()) return content.error().message;
+  if (auto refused = CheckTableFits(path, *content, FileFormat::kJson, kind)) {
+    return refused->message;
+  }
+  if (FormatFromPath(path) == FileFormat::kBinary) {
+    return path + ": the loader reads JSON tuning files only; this one is "
+                  "binary (`q3a-tuning convert` makes a JSON file of it)";
+  }
+  return DescribeReadFailure(path, FileFormat::kJson, kind);
+}
+
 int RunLoad(const LoadOptions& options) {
   // The loader looks up exact keys; the map's string_views point into this.
   std::unordered_map<std::string, std::string> files;
+  std::vector<std::string> inputs;
   for (const std::string& assignment : options.assignments) {
     const std::size_t equals = assignment.find('=');
     const std::string name = assignment.substr(0, equals);
     if (equals == std::string::npos || !ParseTableKind(name)) {
-      throw CLI::ValidationError(
-          "files", fmt::format("'{}': expected TABLE=PATH with TABLE one of "
-                               "basic, advance, color, feature (the loader "
-                               "would silently ignore any other name)",
-                               assignment));
+      return ReportError(
+          {fmt::format("'{}': expected TABLE=PATH with TABLE one of {} (the "
+                       "loader would silently ignore any other name)",
+                       assignment, kTableNames),
+           kExitUsage});
     }
     files[name] = assignment.substr(equals + 1);
+    if (!files[name].empty()) inputs.push_back(files[name]);
   }
-  const qawb::QAWBTuning& fixed = RegisteredContainer(options.key);
+  const auto fixed = RegisteredContainer(options.key);
+  if (!fixed.ok()) return ReportError(fixed.error());
+  if (!options.output.empty()) {
+    if (auto refused = CheckOutputPath(options.output, inputs)) {
+      return ReportError(*refused);
+    }
+  }
+  // A path the tool will not open (a FIFO would block the loader) is handed
+  // over as empty, which leaves the table as a failed read does.
+  std::unordered_map<std::string_view, std::string> file_map;
+  for (const auto& [name, path] : files) {
+    file_map.emplace(name, path.empty() || CheckInputFile(path) ? "" : path);
+  }
 
   std::vector<std::string> lines;
   android::base::SetMinimumLogSeverity(android::base::VERBOSE);
@@ -76,16 +108,13 @@ int RunLoad(const LoadOptions& options) {
     lines.push_back(fmt::format("{} {}: {}", SeverityLetter(severity),
                                 tag == nullptr ? "" : tag, message));
   });
-  std::unordered_map<std::string_view, std::string> file_map;
-  for (const auto& [name, path] : files) file_map.emplace(name, path);
   const qawb::QAWBTuning* result =
-      q3a_coordinator::LoadQawbTuningFromFile(file_map, &fixed);
+      q3a_coordinator::LoadQawbTuningFromFile(file_map, *fixed);
   android::base::SetLogger(android::base::StderrLogger);
 
   for (const std::string& line : lines) fmt::print("{}\n", line);
   if (result == nullptr) {
-    fmt::print(stderr, "the loader returned no container\n");
-    return kExitFailure;
+    return ReportError({"the loader returned no container", kExitFailure});
   }
   int status = kExitOk;
   for (TableKind kind : kAllTableKinds) {
@@ -109,10 +138,14 @@ int RunLoad(const LoadOptions& options) {
                TableName(kind), version,
                file->second.empty() ? "the path is empty"
                                     : file->second + " was not loaded");
-    if (!file->second.empty()) {
-      fmt::print(stderr, "{}\n",
-                 DescribeReadFailure(file->second, FileFormat::kJson, kind));
-    }
+    const std::string why = file->second.empty()
+                                ? "the path is empty"
+                                : WhyNotLoaded(file->second, kind);
+    fmt::print(stderr,
+               "warning: the {} table was not loaded: {}; the container "
+               "keeps the table it held, here a fresh container's default {} "
+               "table (version {}), not awb:{}'s\n",
+               TableName(kind), why, TableName(kind), version, options.key);
     status = kExitFailure;
   }
   if (!options.output.empty()) {
@@ -120,7 +153,9 @@ int RunLoad(const LoadOptions& options) {
     copy->ReadFromTable(
         result->GetBasicTuningTable(), result->GetAdvanceTuningTable(),
         result->GetColorControlTuningTable(), result->GetFeatureTuningTable());
-    copy->WriteToFile(options.output);
+    if (auto error = WriteTuningBinaryFile(options.output, *copy, inputs)) {
+      return ReportError(*error);
+    }
     fmt::print("{}\n", options.output);
   }
   return status;
@@ -134,16 +169,19 @@ void AddLoadCommand(CLI::App& app, int& exit_code) {
       "load",
       "Run the override loader with JSON tuning files over a registered AWB "
       "container; print its DEBUG lines and where each table came from. "
-      "Exit 1 if a named file was not loaded.");
+      "A file the loader did not take gets a warning on stderr and exit 1.");
   command->add_option(
       "files", options->assignments,
-      "TABLE=PATH, TABLE one of basic, advance, color, feature");
+      std::string("TABLE=PATH, TABLE one of ") + kTableNames);
   command
       ->add_option("--key", options->key,
                    "Key of the registered AWB container to fall back to")
       ->required();
   command->add_option("-o,--output", options->output,
                       "Write the result as a tuning binary file");
+  command->footer(
+      "Example:\n  q3a-tuning load feature=feature.json --key 0,-1,1,0,-1 "
+      "-o tuning.bin");
   command->callback([&exit_code, options] { exit_code = RunLoad(*options); });
 }
 

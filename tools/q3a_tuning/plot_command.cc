@@ -22,29 +22,26 @@ struct PlotOptions {
 
 int RunPlot(const PlotOptions& options) {
   if (options.table != "basic") {
-    throw CLI::ValidationError("--table", "only basic tables can be plotted");
+    return ReportError({"--table: only basic tables can be plotted",
+                        kExitUsage});
   }
   const auto defaults = DefaultContainer();
-  const TableOperand operand = ParseTableOperand(options.input, *defaults);
-  if (operand.kind && *operand.kind != TableKind::kBasic) {
-    throw CLI::ValidationError("input", "only basic tables can be plotted");
+  const Result<TableOperand> operand =
+      ParseTableOperand(options.input, *defaults);
+  if (!operand.ok()) return ReportError(operand.error());
+  if (operand->kind && *operand->kind != TableKind::kBasic) {
+    return ReportError({"input: only basic tables can be plotted",
+                        kExitUsage});
+  }
+  const std::string inputs[] = {operand->file};
+  if (auto refused = CheckOutputPath(options.output, inputs)) {
+    return ReportError(*refused);
   }
   auto table = MakeZeroedTable<qawb::QAWBBasicTuningTable>();
-  if (operand.container != nullptr) {
-    *table = *operand.container->GetBasicTuningTable();
-  } else {
-    std::string error;
-    if (!LoadTableFile(operand.file, ResolveFormat(operand.file, ""), *table,
-                       error)) {
-      fmt::print(stderr, "{}\n", error);
-      return kExitFailure;
-    }
-  }
-  const std::string svg = RenderBasicTableSvg(*table, operand.name);
-  const std::string inputs[] = {operand.file};
+  if (auto error = LoadOperand(*operand, *table)) return ReportError(*error);
+  const std::string svg = RenderBasicTableSvg(*table, operand->name);
   if (auto error = WriteOutputFile(options.output, svg, inputs)) {
-    fmt::print(stderr, "{}\n", error->message);
-    return error->exit_code;
+    return ReportError(*error);
   }
   fmt::print("{}\n", options.output);
   return kExitOk;
@@ -64,6 +61,7 @@ void AddPlotCommand(CLI::App& app, int& exit_code) {
       ->capture_default_str();
   command->add_option("-o,--output", options->output, "SVG file to write")
       ->required();
+  command->footer("Example:\n  q3a-tuning plot awb:0,-1,1,0,-1:basic -o basic.svg");
   command->callback([&exit_code, options] { exit_code = RunPlot(*options); });
 }
 

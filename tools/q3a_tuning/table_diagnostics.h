@@ -7,36 +7,49 @@
 #include <string>
 #include <string_view>
 
+#include "tools/q3a_tuning/input_file.h"
 #include "tools/q3a_tuning/json_document.h"
+#include "tools/q3a_tuning/problem.h"
 #include "tools/q3a_tuning/table_file.h"
+#include "tools/q3a_tuning/table_guess.h"
 
 namespace q3a_tool {
 
 // Why `path` cannot be read as a `kind` table in `format`: missing or
-// unreadable file, empty file, syntax error, unknown field, bad enum name,
-// invalid binary message.
+// unreadable file, empty file, syntax error, unknown field (with the nearest
+// field name), bad enum name, invalid binary message. Rule "rejected".
+Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
+                            TableKind kind);
+
+// ProblemText of DiagnoseReadFailure.
 std::string DescribeReadFailure(const std::string& path, FileFormat format,
                                 TableKind kind);
 
-// "FILE:LINE:COL: " for the value at `json_path` of a JSON document (or of
-// the nearest enclosing value the document has), "FILE: " when `document`
-// is null.
-std::string PositionPrefix(const std::string& file, const JsonValue* document,
-                           std::string_view json_path);
+// The place of the value at `json_path` in a JSON document, or of the
+// nearest enclosing value the document has.
+TextPosition PositionOfPath(const JsonValue& document,
+                            std::string_view json_path);
 
 // Reads `path` into `table` with the library's reader over a zeroed record,
-// as the override loader does. On failure `error` holds DescribeReadFailure
-// and `table` is unchanged.
+// as the override loader does, after checking that the file can be read
+// (input_file.h) and holds this table (CheckTableFits). On failure `table`
+// is unchanged; a file the reader refuses gives DescribeReadFailure.
 template <typename Record>
-bool LoadTableFile(const std::string& path, FileFormat format, Record& table,
-                   std::string& error) {
+std::optional<ToolError> LoadTableFile(const std::string& path,
+                                       FileFormat format, Record& table) {
+  const Result<std::string> content = ReadInputFile(path);
+  if (!content.ok()) return content.error();
+  if (auto refused =
+          CheckTableFits(path, *content, format, TableTraits<Record>::kKind)) {
+    return refused;
+  }
   auto scratch = MakeZeroedTable<Record>();
   if (!ReadTableFile(path, format, *scratch)) {
-    error = DescribeReadFailure(path, format, TableTraits<Record>::kKind);
-    return false;
+    return ToolError{
+        DescribeReadFailure(path, format, TableTraits<Record>::kKind)};
   }
   table = *scratch;
-  return true;
+  return std::nullopt;
 }
 
 }  // namespace q3a_tool

@@ -3,11 +3,7 @@
 #include <fmt/format.h>
 #include <google/protobuf/util/json_util.h>
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <filesystem>
-#include <memory>
 
 #include "protomsg/tuning_files.h"
 
@@ -15,40 +11,43 @@ namespace q3a_tool {
 namespace {
 
 using google::protobuf::Message;
-using google::protobuf::Reflection;
 
 bool EndsWith(std::string_view text, std::string_view suffix) {
   return text.size() >= suffix.size() &&
          text.substr(text.size() - suffix.size()) == suffix;
 }
 
-// True if neither `message` nor any sub-message holds fields the schema does
-// not know.
-bool HasNoUnknownFields(const Message& message) {
-  const Reflection* reflection = message.GetReflection();
-  if (!reflection->GetUnknownFields(message).empty()) return false;
-  std::vector<const google::protobuf::FieldDescriptor*> fields;
-  reflection->ListFields(message, &fields);
-  for (const auto* field : fields) {
-    if (field->cpp_type() !=
-        google::protobuf::FieldDescriptor::CPPTYPE_MESSAGE) {
-      continue;
-    }
-    if (field->is_repeated()) {
-      for (int i = 0; i < reflection->FieldSize(message, field); ++i) {
-        if (!HasNoUnknownFields(
-                reflection->GetRepeatedMessage(message, field, i))) {
-          return false;
-        }
-      }
-    } else if (!HasNoUnknownFields(reflection->GetMessage(message, field))) {
-      return false;
-    }
-  }
-  return true;
+// The library's options for tuning files, for the tool's own reads and
+// writes of them.
+google::protobuf::util::JsonParseOptions TuningFileParseOptions() {
+  google::protobuf::util::JsonParseOptions options;
+  options.ignore_unknown_fields = false;
+  options.case_insensitive_enum_parsing = false;
+  return options;
+}
+
+google::protobuf::util::JsonPrintOptions TuningFilePrintOptions(bool full) {
+  google::protobuf::util::JsonPrintOptions options;
+  options.add_whitespace = true;
+  options.always_print_primitive_fields = full;
+  options.always_print_enums_as_ints = false;
+  options.preserve_proto_field_names = true;
+  return options;
 }
 
 }  // namespace
+
+std::string SerializeTableMessage(const google::protobuf::Message& message,
+                                  FileFormat format, bool full) {
+  std::string text;
+  if (format == FileFormat::kBinary) {
+    message.SerializeToString(&text);
+  } else {
+    (void)google::protobuf::util::MessageToJsonString(
+        message, &text, TuningFilePrintOptions(full));
+  }
+  return text;
+}
 
 std::optional<FileFormat> FormatFromPath(std::string_view path) {
   if (EndsWith(path, ".json")) return FileFormat::kJson;
@@ -97,29 +96,6 @@ bool ReadTableFile(const std::string& path, FileFormat format,
              : protomsg::ReadQAWBFeatureTuningTableFromProtobuf(path, table);
 }
 
-std::optional<std::string> ReadWholeFile(const std::string& path,
-                                         std::string& error) {
-  std::FILE* file = std::fopen(path.c_str(), "rb");
-  if (file == nullptr) {
-    error = std::strerror(errno);
-    return std::nullopt;
-  }
-  std::string content;
-  char buffer[65536];
-  std::size_t n = 0;
-  while ((n = std::fread(buffer, 1, sizeof(buffer), file)) > 0) {
-    content.append(buffer, n);
-  }
-  const bool failed = std::ferror(file) != 0;
-  const int read_errno = errno;
-  std::fclose(file);
-  if (failed) {
-    error = std::strerror(read_errno);
-    return std::nullopt;
-  }
-  return content;
-}
-
 std::optional<ParseFailure> ParseTableMessage(std::string_view content,
                                               FileFormat format,
                                               Message& message) {
@@ -133,58 +109,45 @@ std::optional<ParseFailure> ParseTableMessage(std::string_view content,
                         " message"};
   }
   if (content.empty()) return ParseFailure{"the file is empty"};
-  google::protobuf::util::JsonParseOptions options;
-  options.ignore_unknown_fields = false;
-  options.case_insensitive_enum_parsing = false;
   const auto status = google::protobuf::util::JsonStringToMessage(
-      std::string(content), &message, options);
+      std::string(content), &message, TuningFileParseOptions());
   if (status.ok()) return std::nullopt;
   return ParseFailure{std::string(status.message())};
 }
 
-std::vector<TableKind> CandidateTables(std::string_view content,
-                                       FileFormat format) {
-  std::vector<TableKind> candidates;
-  for (TableKind kind : kAllTableKinds) {
-    const bool fits = VisitTableKind(kind, [&](auto type) {
-      typename TableTraits<typename decltype(type)::type>::Message message;
-      return !ParseTableMessage(content, format, message).has_value() &&
-             HasNoUnknownFields(message);
-    });
-    if (fits) candidates.push_back(kind);
-  }
-  return candidates;
-}
-
-bool WriteTableFiles(const qawb::QAWBTuning& tuning,
-                     const std::string& directory, FileFormat format) {
+std::optional<ToolError> WriteTableFiles(const qawb::QAWBTuning& tuning,
+                                         const std::string& directory,
+                                         FileFormat format, bool compact,
+                                         std::span<const std::string> inputs,
+                                         std::vector<std::string>& written) {
   std::error_code error;
   std::filesystem::create_directories(directory, error);
-  if (error) {
-    fmt::print(stderr, "{}: cannot create the directory: {}\n", directory,
-               error.message());
-    return false;
+  if (error || !std::filesystem::is_directory(directory, error)) {
+    return ToolError{
+        fmt::format("{}: cannot create the directory: {}", directory,
+                    error ? error.message() : "a file of that name exists"),
+        kExitFailure};
   }
-  bool all_written = true;
   for (TableKind kind : kAllTableKinds) {
     const std::string path =
         (std::filesystem::path(directory) /
          (std::string(TableName(kind)) + std::string(FileExtension(format))))
             .string();
-    const bool written = VisitTableKind(kind, [&](auto type) {
-      using Record = typename decltype(type)::type;
-      const Record* table = TableTraits<Record>::Get(tuning);
-      return table != nullptr && WriteTableFile(path, format, *table);
-    });
-    if (written) {
-      fmt::print("{}\n", path);
-    } else {
-      fmt::print(stderr, "{}: could not write the {} table\n", path,
-                 TableName(kind));
-      all_written = false;
-    }
+    std::optional<ToolError> failed = VisitTableKind(
+        kind, [&](auto type) -> std::optional<ToolError> {
+          using Record = typename decltype(type)::type;
+          const Record* table = TableTraits<Record>::Get(tuning);
+          if (table == nullptr) {
+            return ToolError{fmt::format("{}: the container has no {} table",
+                                         path, TableName(kind)),
+                             kExitFailure};
+          }
+          return WriteTableFile(path, format, *table, inputs, compact);
+        });
+    if (failed) return failed;
+    written.push_back(path);
   }
-  return all_written;
+  return std::nullopt;
 }
 
 }  // namespace q3a_tool

@@ -8,11 +8,13 @@
 #include <google/protobuf/message.h>
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tools/q3a_tuning/table_kind.h"
+#include "tools/q3a_tuning/tool_error.h"
 
 namespace q3a_tool {
 
@@ -39,28 +41,38 @@ bool ReadTableFile(const std::string& path, FileFormat format,
 bool ReadTableFile(const std::string& path, FileFormat format,
                    qawb::QAWBFeatureTuningTable& table);
 
-// The library's writer for the record's type and the format. Checks
-// afterwards that the file exists, since the writers report nothing; false
-// when it does not.
+// Writes `table` to `path` through the output routine (output_file.h): the
+// library's writer produces the temporary, which is read back with the
+// library's reader and compared with the table meant (the writers report
+// nothing, and a binary file cut short can still parse). `compact` writes
+// the compact form instead (compact_table.h). Refuses a `path` that is one of
+// `inputs`.
 template <typename Record>
-bool WriteTableFile(const std::string& path, FileFormat format,
-                    const Record& table);
+std::optional<ToolError> WriteTableFile(const std::string& path,
+                                        FileFormat format, const Record& table,
+                                        std::span<const std::string> inputs,
+                                        bool compact = false);
 
-// Writes the four tables of `tuning` into `directory` (created if needed) as
-// basic, advance, color and feature files of `format`. Prints each file
-// written to stdout and each failure, naming the file, to stderr; false if
-// anything could not be written.
-bool WriteTableFiles(const qawb::QAWBTuning& tuning,
-                     const std::string& directory, FileFormat format);
-
-// The whole content of a file, or nullopt with `error` set (errno's text).
-std::optional<std::string> ReadWholeFile(const std::string& path,
-                                         std::string& error);
+// Writes the four tables of `tuning` into `directory` (created if needed,
+// never emptied) as basic, advance, color and feature files of `format`,
+// each through WriteTableFile. `written` receives each file written; the
+// first failure stops the export.
+std::optional<ToolError> WriteTableFiles(const qawb::QAWBTuning& tuning,
+                                         const std::string& directory,
+                                         FileFormat format, bool compact,
+                                         std::span<const std::string> inputs,
+                                         std::vector<std::string>& written);
 
 // Why a file does not parse as a table's message, as protobuf says it.
 struct ParseFailure {
   std::string reason;
 };
+
+// `message` as a tuning file: JSON with the library's print options (every
+// scalar printed when `full`, else only those not at their default), or the
+// binary wire format.
+std::string SerializeTableMessage(const google::protobuf::Message& message,
+                                  FileFormat format, bool full);
 
 // Parses `content` in `format` into `message` with the options the library's
 // JSON reader uses (unknown fields and enum names in other letter case
@@ -68,13 +80,6 @@ struct ParseFailure {
 std::optional<ParseFailure> ParseTableMessage(
     std::string_view content, FileFormat format,
     google::protobuf::Message& message);
-
-// The tables whose message `content` parses as. A JSON file names its fields,
-// so one table's file fails the other readers; a binary message is accepted
-// only where it leaves no unknown fields anywhere. An empty object fits all
-// four.
-std::vector<TableKind> CandidateTables(std::string_view content,
-                                       FileFormat format);
 
 // A fresh, zeroed table on the heap (tables are tens of kilobytes).
 template <typename Record>

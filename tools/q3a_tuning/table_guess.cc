@@ -1,30 +1,88 @@
 #include "tools/q3a_tuning/table_guess.h"
 
 #include <fmt/format.h>
+#include <google/protobuf/unknown_field_set.h>
 
-#include <CLI/CLI.hpp>
+#include <cmath>
 #include <variant>
 #include <vector>
 
+#include "protomsg/record_conversions.h"
+#include "tools/q3a_tuning/input_file.h"
 #include "tools/q3a_tuning/json_document.h"
+#include "tools/q3a_tuning/lint.h"
 #include "tools/q3a_tuning/table_diagnostics.h"
+#include "tools/q3a_tuning/tuning_binary_file.h"
 
 namespace q3a_tool {
 namespace {
 
-// How many top-level keys of a JSON document name fields of the message.
-int KnownTopLevelKeys(const JsonValue& root,
-                      const google::protobuf::Descriptor& descriptor) {
-  int known = 0;
-  for (const JsonMember& member : root.members) {
-    for (int i = 0; i < descriptor.field_count(); ++i) {
-      if (JsonKeyMatches(member.key, descriptor.field(i)->name())) {
-        ++known;
-        break;
+using google::protobuf::FieldDescriptor;
+using google::protobuf::Message;
+using google::protobuf::Reflection;
+
+// How well a file fits one table's schema; lower is better.
+struct Fit {
+  bool parses = false;
+  bool canonical = false;  // re-encodes to the file's own bytes
+  int unknown = 0;         // unknown fields and wire-type mismatches
+  int implausible = 0;     // lint findings and absurd floats
+  long Score() const { return unknown * 1000L + implausible; }
+};
+
+// Floats decoded from bytes that were something else look like this.
+bool AbsurdFloat(double value) {
+  const double magnitude = std::fabs(value);
+  return !std::isfinite(value) ||
+         (magnitude != 0 && (magnitude < 1e-30 || magnitude > 1e12));
+}
+
+void CountOddities(const Message& message, Fit& fit) {
+  const Reflection& reflection = *message.GetReflection();
+  fit.unknown += reflection.GetUnknownFields(message).field_count();
+  std::vector<const FieldDescriptor*> fields;
+  reflection.ListFields(message, &fields);
+  for (const FieldDescriptor* field : fields) {
+    const int size =
+        field->is_repeated() ? reflection.FieldSize(message, field) : 1;
+    for (int i = 0; i < size; ++i) {
+      const bool repeated = field->is_repeated();
+      switch (field->cpp_type()) {
+        case FieldDescriptor::CPPTYPE_MESSAGE:
+          CountOddities(repeated
+                            ? reflection.GetRepeatedMessage(message, field, i)
+                            : reflection.GetMessage(message, field),
+                        fit);
+          break;
+        case FieldDescriptor::CPPTYPE_FLOAT:
+          fit.implausible += AbsurdFloat(
+              repeated ? reflection.GetRepeatedFloat(message, field, i)
+                       : reflection.GetFloat(message, field));
+          break;
+        default:
+          break;
       }
     }
   }
-  return known;
+}
+
+template <typename Record>
+Fit FitOf(std::string_view content, FileFormat format) {
+  using Message = typename TableTraits<Record>::Message;
+  Fit fit;
+  Message message;
+  if (ParseTableMessage(content, format, message)) return fit;
+  fit.parses = true;
+  CountOddities(message, fit);
+  fit.implausible += static_cast<int>(LintTableMessage(message).size());
+  if (format == FileFormat::kBinary) {
+    auto record = MakeZeroedTable<Record>();
+    protomsg::ConvertToStruct(message, *record);
+    Message again;
+    protomsg::ConvertToMessage(*record, again);
+    fit.canonical = again.SerializeAsString() == content;
+  }
+  return fit;
 }
 
 std::string KindList(const std::vector<TableKind>& kinds) {
@@ -33,100 +91,151 @@ std::string KindList(const std::vector<TableKind>& kinds) {
   return fmt::format("{}", fmt::join(names, ", "));
 }
 
+// For a JSON file no reader accepts: the table whose fields its top-level
+// keys name most.
+std::optional<TableKind> MostNamedTable(std::string_view content) {
+  auto parsed = ParseJsonDocument(content);
+  const auto* root = std::get_if<JsonValue>(&parsed);
+  if (root == nullptr) return std::nullopt;
+  std::optional<TableKind> best_kind;
+  int best = 0;
+  for (TableKind kind : kAllTableKinds) {
+    const int known = VisitTableKind(kind, [&](auto type) {
+      using Message =
+          typename TableTraits<typename decltype(type)::type>::Message;
+      int count = 0;
+      for (const JsonMember& member : root->members) {
+        const auto& descriptor = *Message::descriptor();
+        for (int i = 0; i < descriptor.field_count(); ++i) {
+          if (JsonKeyMatches(member.key, descriptor.field(i)->name())) {
+            ++count;
+            break;
+          }
+        }
+      }
+      return count;
+    });
+    if (known > best) {
+      best = known;
+      best_kind = kind;
+    }
+  }
+  return best_kind;
+}
+
 }  // namespace
 
 TableGuess GuessTable(std::string_view content, FileFormat format) {
   TableGuess guess;
-  const std::vector<TableKind> candidates = CandidateTables(content, format);
-  if (candidates.size() == 1) {
-    guess.kind = candidates.front();
-    guess.parses = true;
+  if (LooksLikeTuningBinaryFile(content)) {
+    guess.container_dump = true;
+    guess.note = fmt::format(
+        "this is a tuning binary file (the container's dump of all four "
+        "tables, {} bytes), not a tuning file; look at it with `q3a-tuning "
+        "inspect` or split it with `q3a-tuning dump`",
+        content.size());
     return guess;
   }
-  if (candidates.size() > 1) {
-    guess.note = fmt::format("the file fits several tables ({}); give --table",
-                             KindList(candidates));
+  std::vector<std::pair<TableKind, Fit>> fits;
+  for (TableKind kind : kAllTableKinds) {
+    const Fit fit = VisitTableKind(kind, [&](auto type) {
+      return FitOf<typename decltype(type)::type>(content, format);
+    });
+    if (fit.parses) fits.emplace_back(kind, fit);
+  }
+  std::vector<TableKind> canonical;
+  for (const auto& [kind, fit] : fits) {
+    if (fit.canonical) canonical.push_back(kind);
+  }
+  if (canonical.size() == 1) {
+    guess.kind = canonical.front();
+    guess.certain = true;
     return guess;
   }
-  if (format == FileFormat::kJson) {
-    auto parsed = ParseJsonDocument(content);
-    if (const auto* root = std::get_if<JsonValue>(&parsed)) {
-      int best = 0;
-      for (TableKind kind : kAllTableKinds) {
-        const int known = VisitTableKind(kind, [&](auto type) {
-          using Message =
-              typename TableTraits<typename decltype(type)::type>::Message;
-          return KnownTopLevelKeys(*root, *Message::descriptor());
-        });
-        if (known > best) {
-          best = known;
-          guess.kind = kind;
-        }
-      }
-      if (guess.kind) return guess;
+  if (fits.empty()) {
+    if (format == FileFormat::kJson) guess.kind = MostNamedTable(content);
+    if (!guess.kind) {
+      guess.note = "the file is not a tuning file of any table";
     }
+    return guess;
   }
-  guess.note =
-      "the file is not a tuning file of any table; give --table to "
-      "see why";
+  long best = fits.front().second.Score();
+  for (const auto& [kind, fit] : fits) best = std::min(best, fit.Score());
+  std::vector<TableKind> best_kinds;
+  for (const auto& [kind, fit] : fits) {
+    if (fit.Score() == best) best_kinds.push_back(kind);
+  }
+  if (best_kinds.size() == 1) {
+    guess.kind = best_kinds.front();
+    guess.certain = true;
+    return guess;
+  }
+  guess.note = fmt::format("the file fits several tables ({}); give --table",
+                           KindList(best_kinds));
   return guess;
 }
 
-FileFormat ResolveFormat(const std::string& path,
-                         const std::string& format_option) {
-  if (!format_option.empty()) {
-    const std::optional<FileFormat> format = ParseFileFormat(format_option);
-    if (!format) {
-      throw CLI::ValidationError(
-          "format", fmt::format("'{}' is not a format: use json or binary",
-                                format_option));
-    }
-    return *format;
-  }
-  const std::optional<FileFormat> format = FormatFromPath(path);
-  if (!format) {
-    throw CLI::ValidationError(
-        path,
-        "cannot tell the format from the name (.json, .pb or .bin); "
-        "give --from/--to json|binary");
-  }
-  return *format;
+Result<TableKind> ParseTableOption(std::string_view text) {
+  if (const std::optional<TableKind> kind = ParseTableKind(text)) return *kind;
+  return ToolError{fmt::format("--table: '{}' is not a table: use {}", text,
+                               kTableNames),
+                   kExitUsage};
 }
 
-std::optional<TableKind> ResolveTable(const std::string& path,
-                                      FileFormat format,
-                                      const std::string& table_option,
-                                      std::string& error) {
+Result<FileFormat> ResolveFormat(const std::string& path,
+                                 const std::string& format_option) {
+  if (!format_option.empty()) {
+    if (const auto format = ParseFileFormat(format_option)) return *format;
+    return ToolError{fmt::format("'{}' is not a format: use json or binary",
+                                 format_option),
+                     kExitUsage};
+  }
+  if (const auto format = FormatFromPath(path)) return *format;
+  return ToolError{
+      fmt::format("{}: cannot tell the format from the name (.json, .pb or "
+                  ".bin); give --from/--to json|binary",
+                  path),
+      kExitUsage};
+}
+
+std::optional<ToolError> CheckTableFits(const std::string& path,
+                                        std::string_view content,
+                                        FileFormat format, TableKind kind) {
+  const TableGuess guess = GuessTable(content, format);
+  if (guess.container_dump) {
+    return ToolError{fmt::format("{}: {}", path, guess.note), kExitFailure};
+  }
+  if (guess.certain && *guess.kind != kind) {
+    return ToolError{fmt::format("{}: this is a {} table, not a {} table",
+                                 path, TableName(*guess.kind), TableName(kind)),
+                     kExitFailure};
+  }
+  return std::nullopt;
+}
+
+Result<TableKind> ResolveTable(const std::string& path, FileFormat format,
+                               const std::string& table_option) {
+  const Result<std::string> content = ReadInputFile(path);
+  if (!content.ok()) return content.error();
   if (!table_option.empty()) {
-    const std::optional<TableKind> kind = ParseTableKind(table_option);
-    if (!kind) {
-      throw CLI::ValidationError(
-          "--table", fmt::format("'{}' is not a table: use basic, advance, "
-                                 "color or feature",
-                                 table_option));
+    const Result<TableKind> kind = ParseTableOption(table_option);
+    if (!kind.ok()) return kind;
+    if (auto refused = CheckTableFits(path, *content, format, *kind)) {
+      return *refused;
     }
     return kind;
   }
-  std::string read_error;
-  const std::optional<std::string> content = ReadWholeFile(path, read_error);
-  if (!content) {
-    error = fmt::format("{}: cannot read the file: {}", path, read_error);
-    return std::nullopt;
-  }
   if (content->empty() && format == FileFormat::kJson) {
-    error = fmt::format("{}: the file is empty", path);
-    return std::nullopt;
+    return ToolError{fmt::format("{}: the file is empty", path)};
   }
-  TableGuess guess = GuessTable(*content, format);
-  if (guess.kind) return guess.kind;
+  const TableGuess guess = GuessTable(*content, format);
+  if (guess.kind) return *guess.kind;
   // A syntax error reads the same whichever table the file was meant to be.
   if (format == FileFormat::kJson &&
       std::holds_alternative<JsonSyntaxError>(ParseJsonDocument(*content))) {
-    error = DescribeReadFailure(path, format, TableKind::kBasic);
-  } else {
-    error = fmt::format("{}: {}", path, guess.note);
+    return ToolError{DescribeReadFailure(path, format, TableKind::kBasic)};
   }
-  return guess.kind;
+  return ToolError{fmt::format("{}: {}", path, guess.note)};
 }
 
 }  // namespace q3a_tool

@@ -11,14 +11,16 @@
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "libs_v4/qAWB/src/base/qawb_tuning.h"
+#include "tools/q3a_tuning/table_diagnostics.h"
+#include "tools/q3a_tuning/table_guess.h"
 #include "tools/q3a_tuning/table_kind.h"
+#include "tools/q3a_tuning/tool_error.h"
 
 namespace q3a_tool {
 
-// The AWB container registered under the key text ("0,-1,1,0,-1"). Throws
-// CLI::ValidationError (a usage error) for a malformed key or one that
-// names no AWB container.
-const qawb::QAWBTuning& RegisteredContainer(std::string_view key_text);
+// The AWB container registered under the key text ("0,-1,1,0,-1"). A usage
+// error for a malformed key or one that names no AWB container.
+Result<const qawb::QAWBTuning*> RegisteredContainer(std::string_view key_text);
 
 // A fresh mutable container: it holds the library's default tables.
 std::unique_ptr<qawb::MutableQAWBTuning> DefaultContainer();
@@ -32,9 +34,27 @@ struct TableOperand {
   std::string name;               // as the operand was written
 };
 
-// Throws CLI::ValidationError for a malformed container operand.
-TableOperand ParseTableOperand(std::string_view text,
-                               const qawb::QAWBTuning& defaults);
+// A usage error for a malformed container operand.
+Result<TableOperand> ParseTableOperand(std::string_view text,
+                                       const qawb::QAWBTuning& defaults);
+
+// Reads the operand's table into `table`: a copy of the container's table,
+// or the file through LoadTableFile. On failure `table` is unchanged.
+template <typename Record>
+std::optional<ToolError> LoadOperand(const TableOperand& operand,
+                                     Record& table) {
+  if (operand.container != nullptr) {
+    const Record* source = TableTraits<Record>::Get(*operand.container);
+    if (source == nullptr) {
+      return ToolError{operand.name + ": the container has no such table"};
+    }
+    table = *source;
+    return std::nullopt;
+  }
+  const Result<FileFormat> format = ResolveFormat(operand.file, "");
+  if (!format.ok()) return format.error();
+  return LoadTableFile(operand.file, *format, table);
+}
 
 }  // namespace q3a_tool
 

@@ -1,26 +1,34 @@
 // Validation of one tuning file: the library's reader decides whether the
-// file is accepted; the lint then reports what it accepts silently.
+// file is accepted; the lint then reports what it accepts silently, from the
+// file's text (json_lint.h), its message (lint.h) and the table it reads as.
 #ifndef TOOLS_Q3A_TUNING_VALIDATE_H_
 #define TOOLS_Q3A_TUNING_VALIDATE_H_
 
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "libs_v4/qAWB/src/base/qawb_tuning.h"
+#include "tools/q3a_tuning/problem.h"
 #include "tools/q3a_tuning/table_file.h"
 
 namespace q3a_tool {
 
 struct ValidationReport {
+  // The file cannot be read at all (exit code 2); nothing else is set.
+  std::optional<ToolError> unreadable;
   bool accepted = false;  // the library's reader accepted the file
-  // One line per problem: the reader's refusal, or the lint's findings,
-  // each "FILE[:LINE:COL]: PATH: message".
-  std::vector<std::string> problems;
-  // The table's version as read, when accepted.
-  std::string version;
+  // The reader's refusal, or the lint's findings (one per rule and path
+  // pattern).
+  std::vector<Problem> problems;
+  std::string version;  // the table's version as read, when accepted
 };
 
+// `built_in`, when given, is the container the file is meant for: a version
+// other than its table's is a finding.
 ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
-                                   TableKind kind);
+                                   TableKind kind,
+                                   const qawb::QAWBTuning* built_in = nullptr);
 
 }  // namespace q3a_tool
 
