@@ -6,6 +6,8 @@
 #include <string>
 
 #include "tools/q3a_tuning/commands.h"
+#include "tools/q3a_tuning/input_file.h"
+#include "tools/q3a_tuning/output_file.h"
 #include "tools/q3a_tuning/table_diagnostics.h"
 #include "tools/q3a_tuning/table_guess.h"
 #include "tools/q3a_tuning/validate.h"
@@ -23,14 +25,17 @@ struct ConvertOptions {
 };
 
 int RunConvert(const ConvertOptions& options) {
-  const Result<FileFormat> from = ResolveFormat(options.input, options.from);
-  if (!from.ok()) return ReportError(from.error());
-  const Result<FileFormat> to = ResolveFormat(options.output, options.to);
-  if (!to.ok()) return ReportError(to.error());
+  if (auto refused = CheckInputFile(options.input)) {
+    return ReportError(*refused);
+  }
   const std::string inputs[] = {options.input};
   if (auto refused = CheckOutputPath(options.output, inputs)) {
     return ReportError(*refused);
   }
+  const Result<FileFormat> from = ResolveFormat(options.input, options.from);
+  if (!from.ok()) return ReportError(from.error());
+  const Result<FileFormat> to = ResolveFormat(options.output, options.to);
+  if (!to.ok()) return ReportError(to.error());
   const Result<TableKind> kind =
       ResolveTable(options.input, *from, options.table);
   if (!kind.ok()) return ReportError(kind.error());

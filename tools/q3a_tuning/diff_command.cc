@@ -39,6 +39,8 @@ Result<TableKind> CommonTable(const TableOperand& a, const TableOperand& b,
     if (!named.ok()) return named;
     kind = *named;
   }
+  // A container operand names its table; files are checked against it.
+  if (!kind) kind = a.kind ? a.kind : b.kind;
   for (const TableOperand* operand : {&a, &b}) {
     std::optional<TableKind> own = operand->kind;
     if (!own && !operand->file.empty()) {
@@ -50,9 +52,7 @@ Result<TableKind> CommonTable(const TableOperand& a, const TableOperand& b,
       own = *guessed;
     }
     if (own && kind && *own != *kind) {
-      return ToolError{fmt::format("{}: this is a {} table, not a {} table",
-                                   operand->name, TableName(*own),
-                                   TableName(*kind))};
+      return ToolError{TableMismatch(operand->name, *own, *kind)};
     }
     if (own) kind = own;
   }

@@ -4,12 +4,15 @@
 // (in place, atomically, unless -o names another file).
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "protomsg/record_conversions.h"
 #include "tools/q3a_tuning/commands.h"
+#include "tools/q3a_tuning/input_file.h"
+#include "tools/q3a_tuning/output_file.h"
 #include "tools/q3a_tuning/lint.h"
 #include "tools/q3a_tuning/table_edit.h"
 #include "tools/q3a_tuning/table_sources.h"
@@ -47,7 +50,9 @@ int RunGet(const GetOptions& options) {
     protomsg::ConvertToMessage(*table, message);
     const Result<std::string> value = GetValueJson(message, options.path);
     if (!value.ok()) return ReportError(value.error());
-    fmt::print("{}\n", *value);
+    std::string_view text = *value;
+    while (text.ends_with('\n')) text.remove_suffix(1);
+    fmt::print("{}\n", text);
     return kExitOk;
   });
 }
@@ -61,18 +66,21 @@ struct SetOptions {
 };
 
 int RunSet(const SetOptions& options) {
-  const Result<FileFormat> from = ResolveFormat(options.input, "");
-  if (!from.ok()) return ReportError(from.error());
+  if (auto refused = CheckInputFile(options.input)) {
+    return ReportError(*refused);
+  }
   const std::string& output =
       options.output.empty() ? options.input : options.output;
-  const Result<FileFormat> to = ResolveFormat(output, "");
-  if (!to.ok()) return ReportError(to.error());
   // Only the in-place edit may write over its input; it does so atomically.
   std::vector<std::string> inputs;
   if (!options.output.empty()) inputs.push_back(options.input);
   if (auto refused = CheckOutputPath(output, inputs)) {
     return ReportError(*refused);
   }
+  const Result<FileFormat> from = ResolveFormat(options.input, "");
+  if (!from.ok()) return ReportError(from.error());
+  const Result<FileFormat> to = ResolveFormat(output, "");
+  if (!to.ok()) return ReportError(to.error());
   const Result<TableKind> kind =
       ResolveTable(options.input, *from, options.table);
   if (!kind.ok()) return ReportError(kind.error());

@@ -113,8 +113,15 @@ std::optional<ToolError> CheckOutputPath(const std::string& path,
   if (path.empty()) return Failure("(output)", "no file name given");
   struct stat target;
   if (stat(path.c_str(), &target) != 0) {
-    if (errno == ENOENT) return std::nullopt;
-    return SystemFailure(path, "cannot write", errno);
+    if (errno != ENOENT) return SystemFailure(path, "cannot write", errno);
+    const std::filesystem::path parent =
+        std::filesystem::path(path).parent_path();
+    std::error_code error;
+    if (!parent.empty() && !std::filesystem::is_directory(parent, error)) {
+      return Failure(path, fmt::format("the directory {} does not exist",
+                                       parent.string()));
+    }
+    return std::nullopt;
   }
   if (!S_ISREG(target.st_mode)) {
     return Failure(path, fmt::format("is {}; refusing to write over it",

@@ -175,6 +175,14 @@ TableGuess GuessTable(std::string_view content, FileFormat format) {
   return guess;
 }
 
+std::string TableMismatch(std::string_view name, TableKind is,
+                          TableKind expected) {
+  return fmt::format("{}: this is {} {} table, not {} {} table", name,
+                     is == TableKind::kAdvance ? "an" : "a", TableName(is),
+                     expected == TableKind::kAdvance ? "an" : "a",
+                     TableName(expected));
+}
+
 Result<TableKind> ParseTableOption(std::string_view text) {
   if (const std::optional<TableKind> kind = ParseTableKind(text)) return *kind;
   return ToolError{fmt::format("--table: '{}' is not a table: use {}", text,
@@ -206,9 +214,7 @@ std::optional<ToolError> CheckTableFits(const std::string& path,
     return ToolError{fmt::format("{}: {}", path, guess.note), kExitFailure};
   }
   if (guess.certain && *guess.kind != kind) {
-    return ToolError{fmt::format("{}: this is a {} table, not a {} table",
-                                 path, TableName(*guess.kind), TableName(kind)),
-                     kExitFailure};
+    return ToolError{TableMismatch(path, *guess.kind, kind), kExitFailure};
   }
   return std::nullopt;
 }

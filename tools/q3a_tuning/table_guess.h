@@ -35,6 +35,10 @@ Result<TableKind> ParseTableOption(std::string_view text);
 Result<FileFormat> ResolveFormat(const std::string& path,
                                  const std::string& format_option);
 
+// "NAME: this is a basic table, not a color table".
+std::string TableMismatch(std::string_view name, TableKind is,
+                          TableKind expected);
+
 // Refuses `content` of `path` as a `kind` table when it certainly holds
 // another table ("this is a basic table, not a color table") or is a tuning
 // binary file. Exit code 1.

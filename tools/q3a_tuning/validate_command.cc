@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tools/q3a_tuning/commands.h"
+#include "tools/q3a_tuning/input_file.h"
 #include "tools/q3a_tuning/table_guess.h"
 #include "tools/q3a_tuning/table_sources.h"
 #include "tools/q3a_tuning/validate.h"
@@ -29,6 +30,7 @@ struct ValidateOptions {
 int ValidateOne(const std::string& path, const ValidateOptions& options,
                 const qawb::QAWBTuning* built_in,
                 std::vector<Problem>& all_problems) {
+  if (auto refused = CheckInputFile(path)) return ReportError(*refused);
   const Result<FileFormat> format = ResolveFormat(path, options.format);
   if (!format.ok()) return ReportError(format.error());
   const Result<TableKind> kind = ResolveTable(path, *format, options.table);
