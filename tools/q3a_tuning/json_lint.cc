@@ -101,11 +101,11 @@ class DocumentLinter {
     std::vector<std::string> named(
         missing.begin(), missing.begin() + std::min(kNamed, missing.size()));
     Add(object.position, path, "missing-fields",
-        fmt::format("{} field{} missing from {} ({}{}); {} load as 0",
+        fmt::format("{} field{} missing from {} ({}{}); {} as 0",
                     missing.size(), missing.size() == 1 ? "" : "s",
                     Where(path), fmt::join(named, ", "),
                     missing.size() > kNamed ? ", ..." : "",
-                    missing.size() == 1 ? "it" : "they"));
+                    missing.size() == 1 ? "it loads" : "they load"));
   }
 
   void Duplicated(const FieldDescriptor& field,

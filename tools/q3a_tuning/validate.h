@@ -26,9 +26,12 @@ struct ValidationReport {
 
 // `built_in`, when given, is the container the file is meant for: a version
 // other than its table's is a finding.
+// With `compact`, fields the file leaves out are meant (the compact form)
+// and not reported.
 ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
                                    TableKind kind,
-                                   const qawb::QAWBTuning* built_in = nullptr);
+                                   const qawb::QAWBTuning* built_in = nullptr,
+                                   bool compact = false);
 
 }  // namespace q3a_tool
 

@@ -25,6 +25,7 @@ struct ValidateOptions {
   std::string format;
   std::string key;
   bool json = false;
+  bool compact = false;
 };
 
 int ValidateOne(const std::string& path, const ValidateOptions& options,
@@ -42,7 +43,7 @@ int ValidateOne(const std::string& path, const ValidateOptions& options,
     return ReportError(kind.error());
   }
   const ValidationReport report =
-      ValidateTableFile(path, *format, *kind, built_in);
+      ValidateTableFile(path, *format, *kind, built_in, options.compact);
   if (report.unreadable) return ReportError(*report.unreadable);
   all_problems.insert(all_problems.end(), report.problems.begin(),
                       report.problems.end());
@@ -105,6 +106,9 @@ void AddValidateCommand(CLI::App& app, int& exit_code) {
   command->add_option("--key", options->key,
                       "Key of the container the file is meant for: its "
                       "table's version is expected");
+  command->add_flag("--compact", options->compact,
+                    "The files are compact (export --compact): fields they "
+                    "leave out are meant, not findings");
   command->add_flag("--json", options->json,
                     "Findings as a JSON array (file, line, column, path, "
                     "rule, message)");
