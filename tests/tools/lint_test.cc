@@ -88,7 +88,8 @@ INSTANTIATE_TEST_SUITE_P(
         LintCase{"ListAboveCapacity",
                  R"({"illuminant_weight_table": {"cct_list": )" +
                      Repeat("1", 38) + "}}",
-                 {"illuminant_weight_table.cct_list: 38 entries given but the "
+                 {"illuminant_weight_table.cct_list[36]: 38 entries given but "
+                  "the "
                   "table holds 36: entries 36..37 are dropped"}},
         // One count governs a list in every row of another list.
         LintCase{"CountAppliesToEveryRow",

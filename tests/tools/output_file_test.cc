@@ -133,7 +133,7 @@ INSTANTIATE_TEST_SUITE_P(
                       "is the input"},
         RefusedTarget{"MissingDirectory",
                       [](const auto& dir) { return dir.File("none/out.json"); },
-                      "cannot create"}),
+                      "the directory"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // RAII for the file-size limit, so a failing assertion cannot leave the rest

@@ -35,9 +35,16 @@ inline void WriteText(const std::string& path, const std::string& text) {
 }
 
 // Single quotes around every argument; the tests never pass a quote.
+// `file_size_limit` > 0 runs the tool under `ulimit -f` (in the shell's
+// blocks) to cut its writes short.
 inline ToolResult RunTool(const std::vector<std::string>& args,
-                          const std::string& scratch) {
+                          const std::string& scratch,
+                          int file_size_limit = 0) {
   std::string command = Q3A_TUNING_TOOL;
+  if (file_size_limit > 0) {
+    command = "ulimit -f " + std::to_string(file_size_limit) + "; exec " +
+              command;
+  }
   for (const std::string& arg : args) command += " '" + arg + "'";
   const std::string out = scratch + "/.stdout";
   const std::string err = scratch + "/.stderr";

@@ -1,0 +1,65 @@
+// The compact form and the checked table writer: entries past a list's count
+// are dropped and read back as zero, zero tails go, the feature table's
+// model entries stay whole, and what is written reads back as meant.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <filesystem>
+#include <string>
+
+#include "tests/support/scoped_temp_dir.h"
+#include "tools/q3a_tuning/table_file.h"
+
+namespace q3a_tool {
+namespace {
+
+TEST(CompactTable, DropsEntriesPastTheCountAndZeroTails) {
+  q3a_test::ScopedTempDir dir;
+  auto table = MakeZeroedTable<qawb::QAWBBasicTuningTable>();
+  table->version = {3, 1};
+  auto& weights = table->illuminant_weight_table;
+  weights.cct_number = 2;
+  weights.cct_list[0] = 2300;
+  weights.cct_list[1] = 5000;
+  weights.cct_list[5] = 7777;  // past the count: carries no meaning
+  for (FileFormat format : {FileFormat::kJson, FileFormat::kBinary}) {
+    const std::string full = dir.File("full" + std::string(FileExtension(format)));
+    const std::string compact =
+        dir.File("compact" + std::string(FileExtension(format)));
+    ASSERT_EQ(WriteTableFile(full, format, *table, {}), std::nullopt);
+    ASSERT_EQ(WriteTableFile(compact, format, *table, {}, /*compact=*/true),
+              std::nullopt);
+    auto read = MakeZeroedTable<qawb::QAWBBasicTuningTable>();
+    ASSERT_TRUE(ReadTableFile(compact, format, *read));
+    EXPECT_EQ(read->illuminant_weight_table.cct_list[1], 5000);
+    EXPECT_EQ(read->illuminant_weight_table.cct_list[5], 0);
+    // Everything else is as the full file reads.
+    auto expected = MakeZeroedTable<qawb::QAWBBasicTuningTable>();
+    ASSERT_TRUE(ReadTableFile(full, format, *expected));
+    expected->illuminant_weight_table.cct_list[5] = 0;
+    EXPECT_EQ(std::memcmp(read.get(), expected.get(), sizeof(*read)), 0);
+    EXPECT_LT(std::filesystem::file_size(compact) * 10,
+              std::filesystem::file_size(full));
+  }
+}
+
+TEST(CompactTable, KeepsEveryModelEntryOfTheFeatureTable) {
+  // The override loader fills bipolar_factor of the model entries a file
+  // lacks with -1; a zero entry left out would not load as zero.
+  q3a_test::ScopedTempDir dir;
+  auto table = MakeZeroedTable<qawb::QAWBFeatureTuningTable>();
+  ASSERT_EQ(WriteTableFile(dir.File("f.json"), FileFormat::kJson, *table, {},
+                           /*compact=*/true),
+            std::nullopt);
+  auto loaded = MakeZeroedTable<qawb::QAWBFeatureTuningTable>();
+  for (auto& model : loaded->asd_aggregator_tuning_table.model_tuning) {
+    model.bipolar_factor = -1.0f;
+  }
+  ASSERT_TRUE(ReadTableFile(dir.File("f.json"), FileFormat::kJson, *loaded));
+  for (const auto& model : loaded->asd_aggregator_tuning_table.model_tuning) {
+    EXPECT_EQ(model.bipolar_factor, 0.0f);
+  }
+}
+
+}  // namespace
+}  // namespace q3a_tool

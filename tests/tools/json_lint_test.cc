@@ -1,0 +1,108 @@
+// The lint of what the library's reader accepts without a word, one case per
+// rule: a file's text, the rule that must fire, and where (line:column).
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+#include "tests/support/scoped_temp_dir.h"
+#include "tools/q3a_tuning/table_sources.h"
+#include "tools/q3a_tuning/validate.h"
+
+namespace q3a_tool {
+namespace {
+
+struct LintCase {
+  const char* name;
+  std::string text;
+  TableKind table;
+  std::string rule;
+  int line;
+  int column;
+  std::string says;  // the message holds this
+  bool with_key = false;  // validated against container 0,-1,1,0,-1
+};
+
+class DocumentLintTest : public testing::TestWithParam<LintCase> {};
+
+TEST_P(DocumentLintTest, ReportsTheRuleAtItsPlace) {
+  const LintCase& c = GetParam();
+  q3a_test::ScopedTempDir dir;
+  const std::string path = dir.File("table.json");
+  std::ofstream(path, std::ios::binary) << c.text;
+  const qawb::QAWBTuning* built_in = nullptr;
+  if (c.with_key) built_in = *RegisteredContainer("0,-1,1,0,-1");
+  const ValidationReport report =
+      ValidateTableFile(path, FileFormat::kJson, c.table, built_in);
+  ASSERT_TRUE(report.accepted) << "the library must accept the file";
+  std::vector<std::string> seen;
+  for (const Problem& problem : report.problems) {
+    seen.push_back(ProblemText(problem) + " [" + problem.rule + "]");
+    if (problem.rule != c.rule) continue;
+    EXPECT_EQ(problem.line, c.line) << seen.back();
+    EXPECT_EQ(problem.column, c.column) << seen.back();
+    EXPECT_THAT(problem.message, testing::HasSubstr(c.says));
+    return;
+  }
+  ADD_FAILURE() << "no " << c.rule << " finding among:\n"
+                << testing::PrintToString(seen);
+}
+
+constexpr char kVersion[] = R"("version": {"major": 3, "minor": 1})";
+
+std::string Basic(const std::string& body) {
+  return std::string("{") + kVersion + ",\n" + body + "\n}";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rules, DocumentLintTest,
+    testing::Values(
+        LintCase{"DuplicateScalarLastWins",
+                 Basic(R"("initial_cct": 4100, "initial_cct": 4200)"),
+                 TableKind::kBasic, "duplicate-key", 2, 22,
+                 "the last value (line 2, column 37) wins"},
+        LintCase{"DuplicateListsJoined",
+                 Basic(R"("illuminant_weight_table": {"cct_list": [1],
+  "cct_list": [2]})"),
+                 TableKind::kBasic, "duplicate-key", 3, 3,
+                 "joins the lists"},
+        LintCase{"TrailingComma", Basic(R"("initial_cct": 4100,)"),
+                 TableKind::kBasic, "trailing-comma", 2, 20,
+                 "other JSON tools refuse"},
+        LintCase{"SingleQuotes", Basic(R"('initial_cct': 4100)"),
+                 TableKind::kBasic, "single-quote", 2, 1, "single quotes"},
+        LintCase{"UnquotedKey", Basic(R"(initial_cct: 4100)"),
+                 TableKind::kBasic, "unquoted-key", 2, 1, "without quotes"},
+        LintCase{"NotANumber",
+                 Basic(R"("initial_gain": {"r_gain": "Infinity"})"),
+                 TableKind::kBasic, "not-a-number", 2, 28, "\"Infinity\""},
+        LintCase{"Null", Basic(R"("initial_cct": null)"), TableKind::kBasic,
+                 "null", 2, 16, "loads as 0"},
+        LintCase{"MissingFieldsSummarised",
+                 Basic(R"("face_tuning_table": {"max_face_count": 5})"),
+                 TableKind::kFeature, "missing-fields", 2, 22,
+                 "fields missing from face_tuning_table"},
+        LintCase{"MissingVersion", R"({"initial_cct": 4100})",
+                 TableKind::kBasic, "missing-version", 1, 1,
+                 "reads version 0.0"},
+        LintCase{"ZeroVersion",
+                 R"({"version": {"major": 0, "minor": 0}, "initial_cct": 1})",
+                 TableKind::kBasic, "zero-version", 1, 13, "0.0"},
+        LintCase{"VersionOfAnotherTable",
+                 Basic(R"("face_tuning_table": {"max_face_count": 5})"),
+                 TableKind::kFeature, "version-mismatch", 1, 13,
+                 "built-in feature table is version 3.3", true},
+        LintCase{"EmptyObject", "{}", TableKind::kColor, "empty-object", 1, 1,
+                 "every field of the table loads as 0"},
+        LintCase{"AllZero", R"({"version": {"major": 0}})",
+                 TableKind::kColor, "all-zero", 1, 1, "every value"},
+        LintCase{"OverCapacityPointsAtTheFirstDropped",
+                 Basic(R"("golden_module_table": {"golden_module_data":
+  [{}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}]})"),
+                 TableKind::kBasic, "over-capacity", 3, 40,
+                 "entries 9..10 are dropped"}),
+    [](const auto& info) { return info.param.name; });
+
+}  // namespace
+}  // namespace q3a_tool
