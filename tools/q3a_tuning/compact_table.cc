@@ -110,6 +110,18 @@ bool SameScalar(const Message& a, const Message& b,
 
 void TrimZeroTails(Message& message, const Message& zero);
 
+// Whether a count governs lists of this name: those keep their counted
+// entries, zero or not, so that count and list agree.
+bool Counted(const FieldDescriptor& field) {
+  for (const CountRule& rule : AllCountRules()) {
+    std::string_view path = rule.array_path;
+    path.remove_prefix(path.find_last_of('.') + 1);
+    if (path.ends_with("[]")) path.remove_suffix(2);
+    if (path == field.name()) return true;
+  }
+  return false;
+}
+
 // Whether `entry` (already trimmed) reads back as `zero_entry`, the entry of
 // an all-zero record, when it is left out.
 bool ReadsAsZero(const Message& entry, const Message& zero_entry) {
@@ -147,6 +159,7 @@ void TrimZeroTails(Message& message, const Message& zero) {
       }
       if (field->name() == kKeptWhole) continue;
     }
+    if (Counted(*field)) continue;
     for (int last = reflection.FieldSize(message, field) - 1; last >= 0;
          --last) {
       const bool zero_entry =

@@ -1,6 +1,6 @@
 // The compact form of a tuning file: only what carries meaning. Lists end at
-// their counts (count_rules.h) and lose their tail of entries that read as
-// zero, and scalars at their default are left out. Read over a zeroed table
+// their counts (count_rules.h), lists without a count lose their tail of
+// entries that read as zero, and scalars at their default are left out. Read over a zeroed table
 // the compact file gives the full file's table, except that entries past a
 // list's count read as zero.
 #ifndef TOOLS_Q3A_TUNING_COMPACT_TABLE_H_
