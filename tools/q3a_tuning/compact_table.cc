@@ -21,12 +21,7 @@ constexpr std::string_view kKeptWhole = "model_tuning";
 // Drops the entries of the list at `path` (count_rules.h syntax) below
 // `message` past the first `keep`.
 void TruncatePath(Message& message, std::string_view path, int keep) {
-  const std::size_t dot = path.find('.');
-  std::string_view segment = path.substr(0, dot);
-  const std::string_view rest =
-      dot == std::string_view::npos ? "" : path.substr(dot + 1);
-  const bool each = segment.ends_with("[]");
-  if (each) segment.remove_suffix(2);
+  const auto [segment, each, rest] = FirstArrayPathStep(path);
   const FieldDescriptor* field =
       message.GetDescriptor()->FindFieldByName(std::string(segment));
   if (field == nullptr) return;

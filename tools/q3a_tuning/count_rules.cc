@@ -122,4 +122,14 @@ constexpr CountRule kCountRules[] = {
 
 std::span<const CountRule> AllCountRules() { return kCountRules; }
 
+ArrayPathStep FirstArrayPathStep(std::string_view array_path) {
+  const std::size_t dot = array_path.find('.');
+  ArrayPathStep step;
+  step.field = array_path.substr(0, dot);
+  step.rest = dot == std::string_view::npos ? "" : array_path.substr(dot + 1);
+  step.each = step.field.ends_with("[]");
+  if (step.each) step.field.remove_suffix(2);
+  return step;
+}
+
 }  // namespace q3a_tool

@@ -24,6 +24,15 @@ struct CountRule {
 // Every rule of the four tables.
 std::span<const CountRule> AllCountRules();
 
+// The first step of an array path: "region_bv_list[].region_list" is the
+// field "region_bv_list", taken in each entry, then "region_list".
+struct ArrayPathStep {
+  std::string_view field;
+  bool each = false;
+  std::string_view rest;  // empty at the last step
+};
+ArrayPathStep FirstArrayPathStep(std::string_view array_path);
+
 }  // namespace q3a_tool
 
 #endif  // TOOLS_Q3A_TUNING_COUNT_RULES_H_

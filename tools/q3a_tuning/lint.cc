@@ -51,13 +51,7 @@ struct CountedList {
 void ResolveArrayPath(const Message& message, std::string_view array_path,
                       const std::string& path,
                       std::vector<CountedList>& lists) {
-  const std::size_t dot = array_path.find('.');
-  std::string_view segment = array_path.substr(0, dot);
-  const std::string_view rest =
-      dot == std::string_view::npos ? "" : array_path.substr(dot + 1);
-  const bool each = segment.ends_with("[]");
-  if (each) segment.remove_suffix(2);
-
+  const auto [segment, each, rest] = FirstArrayPathStep(array_path);
   const Descriptor& descriptor = *message.GetDescriptor();
   const FieldDescriptor* field =
       descriptor.FindFieldByName(std::string(segment));
