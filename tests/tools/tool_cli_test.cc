@@ -301,6 +301,101 @@ TEST_F(ToolCliTest, ValidateAcceptsAnEditedExportAndNamesItsTable) {
             Path("t") + "/advance.json: advance table version 3.1: ok\n");
 }
 
+// What scripts rely on: which stream carries what, and the exit code.
+struct ContractCase {
+  const char* name;
+  std::vector<std::string> args;  // "{t}" stands for exported JSON tables
+  int exit_code;
+  std::string out;  // stdout holds this
+  std::string err;  // stderr holds this ("" : stderr is empty)
+};
+
+class ContractTest : public ToolCliTest,
+                     public testing::WithParamInterface<ContractCase> {};
+
+TEST_P(ContractTest, StreamsAndExitCode) {
+  Export("t");
+  Write("edited.json", "{\"version\": {\"major\": 3, \"minor\": 1},\n"
+                       " \"initial_cct\": 1, \"initial_cct\": 2}");
+  Write("e2.json", "{\"version\": {\"major\": 3, \"minor\": 2},\n"
+                   " \"initial_cct\": 2}");
+  std::vector<std::string> args = GetParam().args;
+  std::string out = GetParam().out;
+  std::string err = GetParam().err;
+  args.push_back(out);
+  args.push_back(err);
+  for (std::string& arg : args) {
+    for (std::size_t at; (at = arg.find("{t}")) != std::string::npos;) {
+      arg.replace(at, 3, Path("t"));
+    }
+    for (std::size_t at; (at = arg.find("{d}")) != std::string::npos;) {
+      arg.replace(at, 3, dir_);
+    }
+  }
+  err = args.back();
+  args.pop_back();
+  out = args.back();
+  args.pop_back();
+  const ToolResult result = Run(args);
+  EXPECT_EQ(result.exit_code, GetParam().exit_code) << result.err;
+  EXPECT_THAT(result.out, HasSubstr(out));
+  if (err.empty()) {
+    EXPECT_EQ(result.err, "");
+  } else {
+    EXPECT_THAT(result.err, HasSubstr(err));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ContractTest,
+    testing::Values(
+        ContractCase{"Version", {"--version"}, 0, "1.0.0", ""},
+        ContractCase{"UnknownSubcommand", {"frobnicate"}, 2, "",
+                     "'frobnicate' is not a subcommand; the subcommands "
+                     "are: list, export, validate, get, set"},
+        ContractCase{"HelpEndsWithAnExample", {"set", "--help"}, 0,
+                     "Example:\n  q3a-tuning set feature.json", ""},
+        ContractCase{"ValidateJson",
+                     {"validate", "--json", "{d}/edited.json", "--table",
+                      "basic"},
+                     1,
+                     "\"line\": 2,\n    \"column\": 20,\n    \"path\": "
+                     "\"initial_cct\",\n    \"rule\": \"duplicate-key\"",
+                     ""},
+        ContractCase{"ValidateCleanIsQuiet", {"validate", "{t}/color.json"}, 0,
+                     "color table version 3.1: ok", ""},
+        ContractCase{"DiffSameIsZero",
+                     {"diff", "{t}/basic.json", "awb:0,-1,1,0,-1:basic"}, 0,
+                     "basic table: 0 field(s) differ", ""},
+        ContractCase{"DiffJsonPlacesTheValue",
+                     {"diff", "{d}/edited.json", "{d}/e2.json", "--json"}, 1,
+                     "\"file\": \"{d}/e2.json\",\n    \"line\": 1,\n"
+                     "    \"column\": 35,\n    \"path\": \"version.minor\"",
+                     ""},
+        ContractCase{"GetAValue",
+                     {"get", "{t}/feature.json",
+                      "face_tuning_table.max_face_count"},
+                     0, "5\n", ""},
+        ContractCase{"GetFromAContainer",
+                     {"get", "awb:0,-1,1,0,-1:basic", "version"}, 0,
+                     "\"minor\": 1", ""},
+        ContractCase{"GetSuggestsTheNearestName",
+                     {"get", "{t}/feature.json",
+                      "face_tuning_table.max_faces_count"},
+                     2, "", "did you mean max_face_count?"},
+        ContractCase{"SetInPlace",
+                     {"set", "{t}/feature.json",
+                      "face_tuning_table.max_face_count=6"},
+                     0, "face_tuning_table.max_face_count: 5 -> 6\n", ""},
+        ContractCase{"SetEnumByName",
+                     {"set", "{t}/advance.json",
+                      "outdoor_tuning_table.outdoor_final_trust_level_list."
+                      "bv_stats_trust_info.stats_type.base_region[0]="
+                      "kQAWBFrameSummaryTypeGreen",
+                      "-o", "{d}/a.json"},
+                     0, "{d}/a.json", ""}),
+    [](const auto& info) { return info.param.name; });
+
 class UsageErrorTest
     : public ToolTest,
       public testing::WithParamInterface<std::vector<std::string>> {};

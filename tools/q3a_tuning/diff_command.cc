@@ -7,9 +7,12 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <variant>
 
 #include "tools/q3a_tuning/commands.h"
-#include "tools/q3a_tuning/json_text.h"
+#include "tools/q3a_tuning/input_file.h"
+#include "tools/q3a_tuning/json_document.h"
+#include "tools/q3a_tuning/problem.h"
 #include "tools/q3a_tuning/record_diff.h"
 #include "tools/q3a_tuning/table_sources.h"
 
@@ -59,21 +62,33 @@ Result<TableKind> CommonTable(const TableOperand& a, const TableOperand& b,
   return *kind;
 }
 
-void PrintJson(TableKind kind, const std::vector<Difference>& differences) {
-  JsonText json;
-  json.BeginObject();
-  json.Key("table").String(TableName(kind));
-  json.Key("differences").BeginArray();
-  for (const Difference& d : differences) {
-    json.BeginObject();
-    json.Key("path").String(d.path);
-    json.Key("old").String(d.old_value);
-    json.Key("new").String(d.new_value);
-    json.EndObject();
+// The differences as validate prints findings: the new operand's file and,
+// for a JSON file, the place of each value in it.
+void PrintJson(const TableOperand& b,
+               const std::vector<Difference>& differences) {
+  std::optional<JsonValue> document;
+  if (!b.file.empty() && FormatFromPath(b.file) == FileFormat::kJson) {
+    const Result<std::string> content = ReadInputFile(b.file);
+    std::vector<JsonLeniency> leniencies;
+    if (content.ok()) {
+      auto parsed = ParseJsonDocument(*content, &leniencies);
+      if (auto* root = std::get_if<JsonValue>(&parsed)) {
+        document = std::move(*root);
+      }
+    }
   }
-  json.EndArray();
-  json.EndObject();
-  fmt::print("{}\n", json.Text());
+  std::vector<Problem> problems;
+  for (const Difference& d : differences) {
+    Problem problem{b.name, 0, 0, d.path, "differs",
+                    d.old_value + " -> " + d.new_value};
+    if (document) {
+      const TextPosition at = PositionOfPath(*document, d.path);
+      problem.line = at.line;
+      problem.column = at.column;
+    }
+    problems.push_back(std::move(problem));
+  }
+  fmt::print("{}", ProblemsJson(problems));
 }
 
 int RunDiff(const DiffOptions& options) {
@@ -100,7 +115,7 @@ int RunDiff(const DiffOptions& options) {
     const std::vector<Difference> differences =
         DiffRecords(*old_table, *new_table, options.tolerance);
     if (options.json) {
-      PrintJson(*kind, differences);
+      PrintJson(*b, differences);
     } else {
       for (const Difference& d : differences) {
         fmt::print("{}: {} -> {}\n", d.path, d.old_value, d.new_value);
@@ -132,8 +147,8 @@ void AddDiffCommand(CLI::App& app, int& exit_code) {
                    "Floats this close count as equal")
       ->capture_default_str();
   command->add_flag("--json", options->json,
-                    "The differences as JSON (table, differences: path, "
-                    "old, new)");
+                    "The differences as a JSON array of {file, line, column, "
+                    "path, rule, message: \"old -> new\"}, placed in NEW");
   command->footer(
       "Example:\n  q3a-tuning diff awb:0,-1,1,0,-1:feature feature.json");
   command->callback([&exit_code, options] { exit_code = RunDiff(*options); });
