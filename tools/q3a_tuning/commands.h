@@ -26,6 +26,7 @@ void AddInspectCommand(CLI::App& app, int& exit_code);
 void AddDiffCommand(CLI::App& app, int& exit_code);
 void AddLoadCommand(CLI::App& app, int& exit_code);
 void AddPlotCommand(CLI::App& app, int& exit_code);
+void AddReportCommand(CLI::App& app, int& exit_code);
 
 // Prints `error` on stderr; returns its exit code.
 inline int ReportError(const ToolError& error) {

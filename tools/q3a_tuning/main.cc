@@ -56,6 +56,7 @@ int main(int argc, char** argv) {
   q3a_tool::AddDiffCommand(app, exit_code);
   q3a_tool::AddLoadCommand(app, exit_code);
   q3a_tool::AddPlotCommand(app, exit_code);
+  q3a_tool::AddReportCommand(app, exit_code);
   if (ReportUnknownSubcommand(app, argc, argv)) return q3a_tool::kExitUsage;
   try {
     app.parse(argc, argv);
