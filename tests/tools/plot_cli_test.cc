@@ -178,7 +178,7 @@ INSTANTIATE_TEST_SUITE_P(
         RefusalCase{"MissingFile",
                     {"report", "--key", kKey, "--against", "MISSING", "-o",
                      "OUT"},
-                    1,
+                    2,
                     "missing.json"},
         RefusalCase{"UnknownKey",
                     {"report", "--key", "9,9,9,9,9", "-o", "OUT"},
