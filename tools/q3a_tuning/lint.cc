@@ -281,8 +281,11 @@ std::vector<Finding> CollapseFindings(std::vector<Finding> findings) {
   }
   for (std::size_t i = 0; i < kept.size(); ++i) {
     if (repeats[i] == 0) continue;
-    kept[i].message += fmt::format(" (and {} more like it at {})", repeats[i],
-                                   pattern_of(kept[i].path));
+    const std::string pattern = pattern_of(kept[i].path);
+    kept[i].message +=
+        pattern.empty()
+            ? fmt::format(" (and {} more like it)", repeats[i])
+            : fmt::format(" (and {} more like it at {})", repeats[i], pattern);
   }
   return kept;
 }
