@@ -9,7 +9,7 @@
 #include <string>
 
 #include "protomsg/tuning_files.h"
-#include "tests/hardening/file_bytes.h"
+#include "tests/support/file_bytes.h"
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
 
@@ -68,7 +68,7 @@ class ProtobufTuningFileTest : public testing::TestWithParam<ProtobufCase> {};
 TEST_P(ProtobufTuningFileTest, GivesTheExpectedResult) {
   const ProtobufCase& protobuf_case = GetParam();
   q3a_test::ScopedTempDir dir;
-  q3a_test::WriteFileBytes(dir.File("basic.pb"), protobuf_case.bytes);
+  q3a_test::WriteFile(dir.File("basic.pb"), protobuf_case.bytes);
   auto table = q3a_test::MakeRecord<QAWBBasicTuningTable>(6);
   const auto before = std::make_unique<QAWBBasicTuningTable>(*table);
 
@@ -97,7 +97,7 @@ TEST(ProtobufTuningFile, DeepUnknownGroupsAreRejected) {
   std::string bytes;
   for (int i = 0; i < 100000; ++i) bytes += open_group;
   for (int i = 0; i < 100000; ++i) bytes += close_group;
-  q3a_test::WriteFileBytes(dir.File("deep.pb"), bytes);
+  q3a_test::WriteFile(dir.File("deep.pb"), bytes);
   auto table = q3a_test::MakeRecord<QAWBBasicTuningTable>(7);
   const auto before = std::make_unique<QAWBBasicTuningTable>(*table);
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "protomsg/tuning_files.h"
-#include "tests/hardening/file_bytes.h"
+#include "tests/support/file_bytes.h"
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
 
@@ -186,7 +186,7 @@ class JsonTuningFileTest : public testing::TestWithParam<JsonCase> {};
 TEST_P(JsonTuningFileTest, GivesTheExpectedResult) {
   const JsonCase& json_case = GetParam();
   q3a_test::ScopedTempDir dir;
-  q3a_test::WriteFileBytes(dir.File("basic.json"), json_case.text);
+  q3a_test::WriteFile(dir.File("basic.json"), json_case.text);
   auto table = q3a_test::MakeRecord<QAWBBasicTuningTable>(5);
   const auto before = std::make_unique<QAWBBasicTuningTable>(*table);
 
@@ -213,8 +213,7 @@ TEST(JsonTuningFileRoundTrip, MinusZeroComesBackAsPlusZero) {
   auto table = q3a_test::MakeRecord<QAWBBasicTuningTable>(5);
   table->initial_gain.r_gain = -0.0f;
   protomsg::SaveTuningTableWithJson(dir.File("basic.json"), *table);
-  EXPECT_NE(q3a_test::ReadFileBytes(dir.File("basic.json"))
-                .find(R"("r_gain": -0,)"),
+  EXPECT_NE(q3a_test::ReadFile(dir.File("basic.json")).find(R"("r_gain": -0,)"),
             std::string::npos);
 
   ASSERT_TRUE(protomsg::ReadQAWBBasicTuningTableWithJson(dir.File("basic.json"),
