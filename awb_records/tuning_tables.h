@@ -48,10 +48,9 @@ namespace internal {
 
 template <typename Record, typename... Tables>
 consteval std::size_t BytesBefore(TypeList<Tables...> tables) {
+  constexpr std::size_t kSizes[] = {sizeof(Tables)...};
   std::size_t bytes = 0;
-  std::size_t index = 0;
-  const std::size_t end = IndexOf<Record>(tables);
-  ((index++ < end ? bytes += sizeof(Tables) : bytes), ...);
+  for (std::size_t i = 0; i < IndexOf<Record>(tables); ++i) bytes += kSizes[i];
   return bytes;
 }
 

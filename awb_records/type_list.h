@@ -66,8 +66,9 @@ decltype(auto) VisitType(std::size_t index, Fn&& fn) {
 // The position of T in `List`.
 template <typename T, typename... Types>
 consteval std::size_t IndexOf(TypeList<Types...>) {
+  constexpr bool kIsT[] = {std::is_same_v<T, Types>..., false};
   std::size_t index = 0;
-  ((std::is_same_v<T, Types> ? false : (++index, true)) && ...);
+  while (index < sizeof...(Types) && !kIsT[index]) ++index;
   return index;
 }
 
