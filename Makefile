@@ -51,8 +51,8 @@ sanitize: deps
 	@cmake --build $(ASAN_DIR)
 	@ctest --test-dir $(ASAN_DIR) --output-on-failure -j 2
 	@cmake -S . -B $(TSAN_DIR) -G Ninja -DQ3A_SANITIZERS=thread $(SANITIZE_FLAGS) >/dev/null
-	@cmake --build $(TSAN_DIR) --target hardening_concurrency_test
-	@$(TSAN_DIR)/tests/hardening/hardening_concurrency_test
+	@cmake --build $(TSAN_DIR) --target concurrency_test
+	@$(TSAN_DIR)/tests/registry/concurrency_test
 
 # The libFuzzer targets in their own clang build, each run for FUZZ_SECONDS
 # (FUZZ_JOBS at a time); figures and crashes land in $(FUZZ_DIR)/fuzz.

@@ -9,13 +9,13 @@
 #include <memory>
 #include <string>
 
-#include "awb_records/qawb_advance_tuning_table.h"
-#include "awb_records/qawb_basic_tuning_table.h"
-#include "awb_records/qawb_color_control_tuning_table.h"
-#include "awb_records/qawb_feature_tuning_table.h"
+#include "awb_records/tuning_tables.h"
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 #include "libs_v4/qAWB/src/base/qawb_tuning.h"
+#include "libs_v4/qAWB/src/base/table_access.h"
 #include "protomsg/tuning_table_traits.h"
+#include "tests/support/file_bytes.h"
+#include "tests/support/record_values.h"
 
 namespace q3a_bench {
 
@@ -26,20 +26,25 @@ const char* ContentName(Content content);
 // The main camera's still-capture AWB tuning from the registry.
 const qawb::QAWBTuning& BuiltInAwbTuning();
 
-// The tables' messages, names, readers and getters.
+// The tables' messages, names and readers.
 template <typename Table>
 using TableTraits = protomsg::TuningTableTraits<Table>;
 
 // A heap copy of `Table` with the given content; the same object on every
 // call for the same arguments.
 template <typename Table>
-const Table& TableContent(Content content);
+const Table& TableContent(Content content) {
+  static const Table* const built_in =
+      new Table(*qawb::GetTable<Table>(BuiltInAwbTuning()));
+  static const Table* const full = q3a_test::MakeRecord<Table>(1).release();
+  return content == Content::kBuiltIn ? *built_in : *full;
+}
 
 // Calls fn.template operator()<Table>(content) for every table and content.
 template <typename Fn>
 void ForEachTableAndContent(Fn fn) {
   for (Content content : {Content::kBuiltIn, Content::kFull}) {
-    protomsg::ForEachTuningTable(
+    qawb::ForEachTable(
         [&]<typename Table>() { fn.template operator()<Table>(content); });
   }
 }
@@ -51,12 +56,10 @@ std::string BenchmarkName(const char* operation, Content content) {
          "/" + ContentName(content);
 }
 
-// A directory for the benchmarks' files, in memory where the machine has
-// /dev/shm; removed with its files at exit.
+// A directory for the benchmarks' files (q3a_test::ProcessTempDir).
 const std::string& ScratchDir();
 
-// The whole content of `path`; empty if it cannot be read.
-std::string ReadFile(const std::string& path);
+using q3a_test::ReadFile;
 
 }  // namespace q3a_bench
 

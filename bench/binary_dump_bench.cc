@@ -16,11 +16,9 @@ constexpr std::size_t kFileSize = MutableQAWBTuning::kTuningBinaryFileSize;
 
 std::unique_ptr<MutableQAWBTuning> FullTuning() {
   auto tuning = std::make_unique<MutableQAWBTuning>();
-  tuning->ReadFromTable(
-      &TableContent<qawb::QAWBBasicTuningTable>(Content::kFull),
-      &TableContent<qawb::QAWBAdvanceTuningTable>(Content::kFull),
-      &TableContent<qawb::QAWBColorControlTuningTable>(Content::kFull),
-      &TableContent<qawb::QAWBFeatureTuningTable>(Content::kFull));
+  qawb::ForEachTable([&]<typename Table>() {
+    qawb::SetTable(*tuning, &TableContent<Table>(Content::kFull));
+  });
   return tuning;
 }
 

@@ -19,9 +19,6 @@ std::string ScratchPath(const std::string& name);
 // fails, since the run would otherwise test nothing.
 void WriteBytes(const std::string& path, const uint8_t* data, std::size_t size);
 
-// The whole content of `path`; empty if it cannot be read.
-std::string ReadBytes(const std::string& path);
-
 // Replaces the liblog and libbase log sinks with ones that drop every line,
 // at the most verbose level, so the logging code runs without flooding the
 // fuzzer's output.

@@ -14,13 +14,18 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "coordinator/tuning_map.h"
 #include "fuzz/fuzz_support.h"
 #include "libs_v4/qAWB/src/base/fixed_qawb_tuning.h"
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "libs_v4/qAWB/src/base/table_access.h"
 #include "protomsg/tuning_files.h"
+#include "protomsg/tuning_table_traits.h"
 #include "tuning/qawb/load_qawb_tuning_from_file.h"
 
 namespace q3a_fuzz {
@@ -48,13 +53,11 @@ void PrepareScratch(qawb::QAWBFeatureTuningTable& table) {
 // table that file loads as, and the model's expectation for the table.
 template <typename Table>
 struct TableCase {
-  TableCase(const char* key, bool (*read)(const std::string&, Table&),
-            const Table* (qawb::QAWBTuning::*get)() const)
-      : key(key), read(read), get(get) {}
+  static constexpr std::string_view key = qawb::TuningTable<Table>::kName;
+  static constexpr auto read = protomsg::TuningTableTraits<Table>::kReadJson;
+  // The two mode bits of the table in the input's first byte.
+  static constexpr int kModeBit = 2 * qawb::TuningTable<Table>::kLoadPosition;
 
-  const char* key;
-  bool (*read)(const std::string&, Table&);
-  const Table* (qawb::QAWBTuning::*get)() const;
   std::string valid_path;
   std::unique_ptr<Table> valid_loaded;
   std::unique_ptr<Table> expected;
@@ -74,7 +77,7 @@ struct TableCase {
                const qawb::QAWBTuning& fixed, Files& files) {
     switch (mode) {
       case Mode::kAbsent:
-        *expected = *(fixed.*get)();
+        *expected = *qawb::GetTable<Table>(fixed);
         return;
       case Mode::kNoFile:
         files[key] = missing_file ? ScratchPath("missing.json") : "";
@@ -94,9 +97,17 @@ struct TableCase {
   }
 
   void CheckLoaded(const qawb::QAWBTuning& loaded) const {
-    Check(std::memcmp((loaded.*get)(), expected.get(), sizeof(Table)) == 0,
-          key);
+    Check(std::memcmp(qawb::GetTable<Table>(loaded), expected.get(),
+                      sizeof(Table)) == 0,
+          key.data());
   }
+};
+
+template <typename List>
+struct TableCases;
+template <typename... Tables>
+struct TableCases<qawb::TypeList<Tables...>> {
+  using type = std::tuple<TableCase<Tables>...>;
 };
 
 struct Harness {
@@ -104,18 +115,12 @@ struct Harness {
   qawb::MutableQAWBTuning defaults;
   // The fallback: a built-in AWB tuning from the registry.
   const qawb::QAWBTuning* fixed = nullptr;
-  TableCase<qawb::QAWBAdvanceTuningTable> advance{
-      "advance", protomsg::ReadQAWBAdvanceTuningTableWithJson,
-      &qawb::QAWBTuning::GetAdvanceTuningTable};
-  TableCase<qawb::QAWBBasicTuningTable> basic{
-      "basic", protomsg::ReadQAWBBasicTuningTableWithJson,
-      &qawb::QAWBTuning::GetBasicTuningTable};
-  TableCase<qawb::QAWBColorControlTuningTable> color{
-      "color", protomsg::ReadQAWBColorControlTuningTableWithJson,
-      &qawb::QAWBTuning::GetColorControlTuningTable};
-  TableCase<qawb::QAWBFeatureTuningTable> feature{
-      "feature", protomsg::ReadQAWBFeatureTuningTableWithJson,
-      &qawb::QAWBTuning::GetFeatureTuningTable};
+  TableCases<qawb::TuningTables>::type cases;
+
+  template <typename Fn>
+  void ForEachCase(Fn&& fn) {
+    std::apply([&](auto&... table) { (fn(table), ...); }, cases);
+  }
 
   Harness() {
     const NodeTuningMap& awb =
@@ -123,18 +128,11 @@ struct Harness {
     fixed = static_cast<const qawb::FixedQAWBTuning*>(awb.begin()->second);
     // Valid files hold the default tables under another version, so a load
     // from one is told apart from the defaults and from `fixed`.
-    auto with_version = [](auto table) {
-      table.version = {7, 7};
-      return table;
-    };
-    advance.Init(with_version(*defaults.GetAdvanceTuningTable()),
-                 *defaults.GetAdvanceTuningTable());
-    basic.Init(with_version(*defaults.GetBasicTuningTable()),
-               *defaults.GetBasicTuningTable());
-    color.Init(with_version(*defaults.GetColorControlTuningTable()),
-               *defaults.GetColorControlTuningTable());
-    feature.Init(with_version(*defaults.GetFeatureTuningTable()),
-                 *defaults.GetFeatureTuningTable());
+    ForEachCase([&]<typename Table>(TableCase<Table>& table) {
+      Table valid = *qawb::GetTable<Table>(defaults);
+      valid.version = {7, 7};
+      table.Init(valid, *qawb::GetTable<Table>(defaults));
+    });
   }
 
   void Run(const uint8_t* data, std::size_t size) {
@@ -144,40 +142,40 @@ struct Harness {
     const std::string fuzzed_path = ScratchPath("fuzzed.json");
     WriteBytes(fuzzed_path, data + 2, size - 2);
 
-    auto mode = [modes](int i) {
-      return static_cast<Mode>((modes >> 2 * i) & 3);
-    };
-    auto missing = [flags](int i) { return ((flags >> i) & 1) != 0; };
     const bool null_fixed = (flags & 0x10) != 0;
 
     Files files;
+    // Near misses of the keys (another letter case, a letter more) are
+    // ignored; the strings must outlive the calls.
+    std::vector<std::pair<std::string, std::string>> near_misses;
     if (null_fixed) {
       // Nothing is read or changed, so the expectations stay.
-      files["advance"] = advance.valid_path;
+      ForEachCase([&](auto& table) { files[table.key] = table.valid_path; });
       Check(q3a_coordinator::LoadQawbTuningFromFile(files, nullptr) == nullptr,
             "null fallback gave a tuning");
     } else {
-      advance.Arrange(mode(0), missing(0), fuzzed_path, *fixed, files);
-      basic.Arrange(mode(1), missing(1), fuzzed_path, *fixed, files);
-      color.Arrange(mode(2), missing(2), fuzzed_path, *fixed, files);
-      feature.Arrange(mode(3), missing(3), fuzzed_path, *fixed, files);
-      // Near misses of the keys are ignored.
-      files["Basic"] = basic.valid_path;
-      files["colour"] = color.valid_path;
+      ForEachCase([&]<typename Table>(TableCase<Table>& table) {
+        const int bit = TableCase<Table>::kModeBit;
+        table.Arrange(static_cast<Mode>((modes >> bit) & 3),
+                      ((flags >> (bit / 2)) & 1) != 0, fuzzed_path, *fixed,
+                      files);
+        std::string upper(table.key);
+        upper[0] = static_cast<char>(upper[0] - 'a' + 'A');
+        near_misses.push_back({upper, table.valid_path});
+        near_misses.push_back({std::string(table.key) + "s", table.valid_path});
+      });
+      for (const auto& [key, path] : near_misses) files[key] = path;
       Check(q3a_coordinator::LoadQawbTuningFromFile(files, fixed) != nullptr,
             "no tuning returned");
     }
     // Read through a call that names no file and has every table present:
     // any mode, so the container as it stands is what comes back.
-    Files keep = {
-        {"advance", ""}, {"basic", ""}, {"color", ""}, {"feature", ""}};
+    Files keep;
+    ForEachCase([&](auto& table) { keep[table.key] = ""; });
     const qawb::QAWBTuning* loaded =
         q3a_coordinator::LoadQawbTuningFromFile(keep, fixed);
     Check(loaded != nullptr, "no tuning returned");
-    advance.CheckLoaded(*loaded);
-    basic.CheckLoaded(*loaded);
-    color.CheckLoaded(*loaded);
-    feature.CheckLoaded(*loaded);
+    ForEachCase([&](auto& table) { table.CheckLoaded(*loaded); });
   }
 };
 

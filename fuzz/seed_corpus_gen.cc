@@ -20,22 +20,20 @@
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 #include "libs_v4/qAWB/src/base/fixed_qawb_tuning.h"
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "libs_v4/qAWB/src/base/table_access.h"
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_files.h"
+#include "protomsg/tuning_table_traits.h"
+#include "tests/support/file_bytes.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string ReadFile(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(file),
-                     std::istreambuf_iterator<char>());
-}
+using q3a_test::ReadFile;
 
 void WriteFile(const fs::path& path, const std::string& bytes) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  q3a_test::WriteFile(path.string(), bytes);
 }
 
 class SeedWriter {
@@ -51,7 +49,8 @@ class SeedWriter {
   // Up to three tables of each type: whole tables are large, and more of
   // them add little coverage but slow every pass over the corpus.
   template <typename Table>
-  void AddTable(char selector, const Table& table) {
+  void AddTable(const Table& table) {
+    const char selector = Selector<Table>();
     if (++per_table_[static_cast<int>(selector)] > 3) return;
     const std::string n = std::to_string(count_++);
     const fs::path scratch = out_ / "scratch";
@@ -62,7 +61,7 @@ class SeedWriter {
     WriteFile(out_ / "protobuf" / n, selector + ReadFile(scratch));
     fs::remove(scratch);
     // Loader: this table from the fuzzed file (mode 3), the others mixed.
-    const int shift = 2 * LoaderIndex(selector);
+    const int shift = 2 * qawb::TuningTable<Table>::kLoadPosition;
     const char modes = static_cast<char>((0x3 << shift) | (0x2 << (shift ^ 2)));
     WriteFile(out_ / "loader" / n, std::string{modes, '\x00'} + json);
   }
@@ -70,8 +69,10 @@ class SeedWriter {
   // One seed per top-level field of the table, in the writer's JSON form:
   // small inputs that each reach one sub-table's conversion, which whole
   // tables reach only at a few executions a second.
-  template <typename Message, typename Table>
-  void AddFieldSeeds(char selector, const Table& table) {
+  template <typename Table>
+  void AddFieldSeeds(const Table& table) {
+    using Message = typename protomsg::TuningTableTraits<Table>::Message;
+    const char selector = Selector<Table>();
     Message whole;
     protomsg::ConvertToMessage(table, whole);
     google::protobuf::util::JsonPrintOptions options;
@@ -114,9 +115,7 @@ class SeedWriter {
   void AddTuningBinaryFile(const qawb::QAWBTuning& tables) {
     if (binary_count_ == 4) return;
     qawb::MutableQAWBTuning tuning;
-    tuning.ReadFromTable(
-        tables.GetBasicTuningTable(), tables.GetAdvanceTuningTable(),
-        tables.GetColorControlTuningTable(), tables.GetFeatureTuningTable());
+    qawb::CopyTables(tables, tuning);
     tuning.WriteToFile(out_ / "binary_file" /
                        (std::to_string(binary_count_++) + ".bin"));
   }
@@ -150,15 +149,16 @@ class SeedWriter {
   }
 
  private:
-  // Position of the table's two mode bits in the loader's first byte.
-  static int LoaderIndex(char selector) {
-    constexpr int kLoadOrder[] = {1, 0, 2, 3};  // basic, advance, color, feat.
-    return kLoadOrder[static_cast<int>(selector)];
+  // The per-table targets' first byte for the table: its place in the
+  // tuning binary file.
+  template <typename Table>
+  static char Selector() {
+    return static_cast<char>(qawb::TuningTable<Table>::kId);
   }
 
   fs::path out_;
   int count_ = 0;
-  int per_table_[4] = {};
+  int per_table_[qawb::TuningTables::kSize] = {};
   int binary_count_ = 0;
 };
 
@@ -180,27 +180,14 @@ int main(int argc, char** argv) {
   }
   for (const qawb::QAWBTuning* tuning : tunings) {
     if (seen.insert(tuning).second) seeds.AddTuningBinaryFile(*tuning);
-    if (seen.insert(tuning->GetBasicTuningTable()).second) {
-      seeds.AddTable(0, *tuning->GetBasicTuningTable());
-    }
-    if (seen.insert(tuning->GetAdvanceTuningTable()).second) {
-      seeds.AddTable(1, *tuning->GetAdvanceTuningTable());
-    }
-    if (seen.insert(tuning->GetColorControlTuningTable()).second) {
-      seeds.AddTable(2, *tuning->GetColorControlTuningTable());
-    }
-    if (seen.insert(tuning->GetFeatureTuningTable()).second) {
-      seeds.AddTable(3, *tuning->GetFeatureTuningTable());
-    }
+    qawb::ForEachTable([&]<typename Table>() {
+      const Table* table = qawb::GetTable<Table>(*tuning);
+      if (seen.insert(table).second) seeds.AddTable(*table);
+    });
   }
-  seeds.AddFieldSeeds<qawb::tuning::QAWBBasicTuningTable>(
-      0, *defaults.GetBasicTuningTable());
-  seeds.AddFieldSeeds<qawb::tuning::QAWBAdvanceTuningTable>(
-      1, *defaults.GetAdvanceTuningTable());
-  seeds.AddFieldSeeds<qawb::tuning::QAWBColorControlTuningTable>(
-      2, *defaults.GetColorControlTuningTable());
-  seeds.AddFieldSeeds<qawb::tuning::QAWBFeatureTuningTable>(
-      3, *defaults.GetFeatureTuningTable());
+  qawb::ForEachTable([&]<typename Table>() {
+    seeds.AddFieldSeeds(*qawb::GetTable<Table>(defaults));
+  });
   seeds.AddSmallSeeds();
   seeds.WriteDictionary();
   return 0;

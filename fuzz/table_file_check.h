@@ -16,26 +16,18 @@
 #include "awb_records/record_description.h"
 #include "fuzz/fuzz_support.h"
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "libs_v4/qAWB/src/base/table_access.h"
+#include "protomsg/tuning_table_traits.h"
+#include "tests/support/file_bytes.h"
 
 namespace q3a_fuzz {
 
-// How exactly a format's round trip keeps a table. The binary encodings keep
-// every bit. JSON keeps every value, but not the sign of a zero float:
-// protobuf prints -0.0f as `-0` and reads that number back as +0.0f.
-enum class RoundTrip { kBitExact, kFloatsByValue };
+using q3a_test::SameBytes;
 
-// One table's reader and writer of one file format.
-template <typename Table>
-struct TableFormat {
-  bool (*read)(const std::string& path, Table& table);
-  void (*write)(const std::string& path, const Table& table);
-  RoundTrip round_trip = RoundTrip::kBitExact;
-};
-
-template <typename T>
-bool SameBytes(const T& a, const T& b) {
-  return std::memcmp(&a, &b, sizeof(T)) == 0;
-}
+// The two tuning file formats. A binary round trip keeps every bit. A JSON
+// one keeps every value, but not the sign of a zero float: protobuf prints
+// -0.0f as `-0` and reads that number back as +0.0f.
+enum class TableFileFormat { kJson, kProtobuf };
 
 // Floats equal by value or by bits (so -0 equals +0 and a NaN equals itself);
 // everything else, padding aside, by its bytes.
@@ -64,60 +56,44 @@ bool SameValues(const T& a, const T& b) {
 // writer leaves out or the reader skips shows as a difference.
 template <typename Table>
 void CheckTableFile(const uint8_t* data, std::size_t size,
-                    const TableFormat<Table>& format, const Table& start) {
+                    TableFileFormat format, const Table& start) {
+  using Traits = protomsg::TuningTableTraits<Table>;
+  const bool json = format == TableFileFormat::kJson;
+  const auto read = json ? Traits::kReadJson : Traits::kReadProtobuf;
+  const auto write = [json](const std::string& path, const Table& table) {
+    json ? protomsg::SaveTuningTableWithJson(path, table)
+         : protomsg::SaveTuningTableWithProtobuf(path, table);
+  };
+
   const std::string input = ScratchPath("input");
   const std::string again = ScratchPath("written");
   WriteBytes(input, data, size);
 
   // Tables are tens of kilobytes: keep them off the fuzzer's stack.
   auto table = std::make_unique<Table>(start);
-  if (!format.read(input, *table)) {
+  if (!read(input, *table)) {
     Check(SameBytes(*table, start), "failed read changed the table");
     return;
   }
-  format.write(again, *table);
+  write(again, *table);
   auto reread = std::make_unique<Table>(start);
-  Check(format.read(again, *reread), "written table does not read back");
-  Check(format.round_trip == RoundTrip::kBitExact ? SameBytes(*reread, *table)
-                                                   : SameValues(*reread, *table),
+  Check(read(again, *reread), "written table does not read back");
+  Check(json ? SameValues(*reread, *table) : SameBytes(*reread, *table),
         "written table reads back different");
 }
-
-// One file format of all four tables.
-struct TableFormats {
-  TableFormat<qawb::QAWBBasicTuningTable> basic;
-  TableFormat<qawb::QAWBAdvanceTuningTable> advance;
-  TableFormat<qawb::QAWBColorControlTuningTable> color_control;
-  TableFormat<qawb::QAWBFeatureTuningTable> feature;
-};
 
 // The first input byte picks the table, the rest is the file; the record
 // read into starts as the container's default table of that type, realistic
 // contents that a failed read must keep.
 inline void CheckSelectedTableFile(const uint8_t* data, std::size_t size,
-                                   const TableFormats& formats) {
+                                   TableFileFormat format) {
   if (size == 0) return;
   static const auto* start = new qawb::MutableQAWBTuning();
-  const uint8_t selector = data[0];
-  ++data;
-  --size;
-  switch (selector % 4) {
-    case 0:
-      CheckTableFile(data, size, formats.basic, *start->GetBasicTuningTable());
-      break;
-    case 1:
-      CheckTableFile(data, size, formats.advance,
-                     *start->GetAdvanceTuningTable());
-      break;
-    case 2:
-      CheckTableFile(data, size, formats.color_control,
-                     *start->GetColorControlTuningTable());
-      break;
-    default:
-      CheckTableFile(data, size, formats.feature,
-                     *start->GetFeatureTuningTable());
-      break;
-  }
+  const auto id =
+      static_cast<qawb::TableId>(data[0] % qawb::TuningTables::kSize);
+  qawb::VisitTable(id, [&]<typename Table>() {
+    CheckTableFile(data + 1, size - 1, format, *qawb::GetTable<Table>(*start));
+  });
 }
 
 }  // namespace q3a_fuzz

@@ -13,6 +13,7 @@
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "protomsg/record_conversions.h"
+#include "tests/support/file_bytes.h"
 #include "tests/support/tuning_bytes.h"
 
 namespace {
@@ -54,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                   "accepted file not taken byte for byte");
   const std::string written = q3a_fuzz::ScratchPath("written.bin");
   tuning->WriteToFile(written);
-  q3a_fuzz::Check(q3a_fuzz::ReadBytes(written) == file,
+  q3a_fuzz::Check(q3a_test::ReadFile(written) == file,
                   "written file differs from the one read");
   ConvertAll(*tuning);
   return 0;

@@ -13,17 +13,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  constexpr auto kByValue = q3a_fuzz::RoundTrip::kFloatsByValue;
-  static const q3a_fuzz::TableFormats kJson = {
-      {protomsg::ReadQAWBBasicTuningTableWithJson,
-       protomsg::SaveTuningTableWithJson, kByValue},
-      {protomsg::ReadQAWBAdvanceTuningTableWithJson,
-       protomsg::SaveTuningTableWithJson, kByValue},
-      {protomsg::ReadQAWBColorControlTuningTableWithJson,
-       protomsg::SaveTuningTableWithJson, kByValue},
-      {protomsg::ReadQAWBFeatureTuningTableWithJson,
-       protomsg::SaveTuningTableWithJson, kByValue},
-  };
-  q3a_fuzz::CheckSelectedTableFile(data, size, kJson);
+  q3a_fuzz::CheckSelectedTableFile(data, size,
+                                   q3a_fuzz::TableFileFormat::kJson);
   return 0;
 }

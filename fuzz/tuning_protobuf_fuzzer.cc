@@ -13,16 +13,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const q3a_fuzz::TableFormats kProtobuf = {
-      {protomsg::ReadQAWBBasicTuningTableFromProtobuf,
-       protomsg::SaveTuningTableWithProtobuf},
-      {protomsg::ReadQAWBAdvanceTuningTableFromProtobuf,
-       protomsg::SaveTuningTableWithProtobuf},
-      {protomsg::ReadQAWBColorControlTuningTableFromProtobuf,
-       protomsg::SaveTuningTableWithProtobuf},
-      {protomsg::ReadQAWBFeatureTuningTableFromProtobuf,
-       protomsg::SaveTuningTableWithProtobuf},
-  };
-  q3a_fuzz::CheckSelectedTableFile(data, size, kProtobuf);
+  q3a_fuzz::CheckSelectedTableFile(data, size,
+                                   q3a_fuzz::TableFileFormat::kProtobuf);
   return 0;
 }

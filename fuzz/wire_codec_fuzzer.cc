@@ -5,6 +5,7 @@
 // leave the record exactly as ConvertToStruct of the parsed message does;
 // the encoder must write what SerializeToString writes for the decoded
 // record's converted message, in the form the decoder takes directly.
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -12,19 +13,17 @@
 #include <string>
 #include <string_view>
 
+#include "awb_records/tuning_tables.h"
 #include "fuzz/fuzz_support.h"
 #include "protomsg/internal/wire_decoder.h"
 #include "protomsg/internal/wire_encoder.h"
 #include "protomsg/record_conversions.h"
+#include "tests/support/file_bytes.h"
 
 namespace {
 
 using q3a_fuzz::Check;
-
-template <typename Record>
-bool SameBytes(const Record& a, const Record& b) {
-  return std::memcmp(&a, &b, sizeof(Record)) == 0;
-}
+using q3a_test::SameBytes;
 
 // What every decode starts from: no zero anywhere, so that a field the
 // decoder forgets to reset or an array element it should keep shows.
@@ -68,20 +67,14 @@ void CheckRecord(std::string_view bytes) {
 
 using RecordCheck = void (*)(std::string_view);
 
-#define Q3A_FUZZ_RECORD_CHECK(Record, Message, FIELDS) \
-  , &CheckRecord<::qawb::Record>
+template <typename... Tables, typename... Records>
+constexpr auto MakeChecks(qawb::TypeList<Tables...>,
+                          qawb::TypeList<Records...>) {
+  return std::array<RecordCheck, sizeof...(Tables) + sizeof...(Records)>{
+      &CheckRecord<Tables>..., &CheckRecord<Records>...};
+}
 
-constexpr RecordCheck kChecks[] = {
-    &CheckRecord<qawb::QAWBBasicTuningTable>,
-    &CheckRecord<qawb::QAWBAdvanceTuningTable>,
-    &CheckRecord<qawb::QAWBColorControlTuningTable>,
-    &CheckRecord<qawb::QAWBFeatureTuningTable> QAWB_SHARED_RECORDS(
-        Q3A_FUZZ_RECORD_CHECK) QAWB_BASIC_TABLE_RECORDS(Q3A_FUZZ_RECORD_CHECK)
-        QAWB_ADVANCE_TABLE_RECORDS(Q3A_FUZZ_RECORD_CHECK)
-            QAWB_COLOR_CONTROL_TABLE_RECORDS(Q3A_FUZZ_RECORD_CHECK)
-                QAWB_FEATURE_TABLE_RECORDS(Q3A_FUZZ_RECORD_CHECK)};
-
-#undef Q3A_FUZZ_RECORD_CHECK
+constexpr auto kChecks = MakeChecks(qawb::TuningTables{}, qawb::AllRecords{});
 
 }  // namespace
 
@@ -92,7 +85,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (size == 0) return 0;
-  const RecordCheck check = kChecks[data[0] % std::size(kChecks)];
+  const RecordCheck check = kChecks[data[0] % kChecks.size()];
   check(std::string_view(reinterpret_cast<const char*>(data) + 1, size - 1));
   return 0;
 }

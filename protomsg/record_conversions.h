@@ -16,11 +16,7 @@
 #ifndef PROTOMSG_RECORD_CONVERSIONS_H_
 #define PROTOMSG_RECORD_CONVERSIONS_H_
 
-#include "awb_records/qawb_advance_tuning_table.h"
-#include "awb_records/qawb_basic_tuning_table.h"
-#include "awb_records/qawb_color_control_tuning_table.h"
-#include "awb_records/qawb_feature_tuning_table.h"
-#include "awb_records/qawb_shared_records.h"
+#include "awb_records/all_records.h"
 #include "base/q3a_export.h"
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 
@@ -39,11 +35,7 @@ Q3A_EXPORT qawb::QAWBFrameSummaryType ConvertToStruct(
   Q3A_EXPORT void ConvertToStruct(const ::qawb::tuning::Message& message, \
                                   ::qawb::Record& record);
 
-QAWB_SHARED_RECORDS(PROTOMSG_DECLARE_CONVERSIONS)
-QAWB_BASIC_TABLE_RECORDS(PROTOMSG_DECLARE_CONVERSIONS)
-QAWB_ADVANCE_TABLE_RECORDS(PROTOMSG_DECLARE_CONVERSIONS)
-QAWB_COLOR_CONTROL_TABLE_RECORDS(PROTOMSG_DECLARE_CONVERSIONS)
-QAWB_FEATURE_TABLE_RECORDS(PROTOMSG_DECLARE_CONVERSIONS)
+QAWB_ALL_RECORDS(PROTOMSG_DECLARE_CONVERSIONS)
 
 #undef PROTOMSG_DECLARE_CONVERSIONS
 

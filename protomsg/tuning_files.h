@@ -13,55 +13,37 @@
 
 #include <string>
 
-#include "awb_records/qawb_advance_tuning_table.h"
-#include "awb_records/qawb_basic_tuning_table.h"
-#include "awb_records/qawb_color_control_tuning_table.h"
-#include "awb_records/qawb_feature_tuning_table.h"
+#include "awb_records/tuning_tables.h"
 #include "base/q3a_export.h"
 
 namespace protomsg {
 
-// JSON writers: indented, every scalar printed even when 0, enum values by
-// name, the schema's snake_case field names, no trailing newline.
-Q3A_EXPORT void SaveTuningTableWithJson(
-    const std::string& path, const qawb::QAWBBasicTuningTable& table);
-Q3A_EXPORT void SaveTuningTableWithJson(
-    const std::string& path, const qawb::QAWBAdvanceTuningTable& table);
-Q3A_EXPORT void SaveTuningTableWithJson(
-    const std::string& path, const qawb::QAWBColorControlTuningTable& table);
-Q3A_EXPORT void SaveTuningTableWithJson(
-    const std::string& path, const qawb::QAWBFeatureTuningTable& table);
-
-// Binary writers: the message's wire format, nothing before or after it.
-Q3A_EXPORT void SaveTuningTableWithProtobuf(
-    const std::string& path, const qawb::QAWBBasicTuningTable& table);
-Q3A_EXPORT void SaveTuningTableWithProtobuf(
-    const std::string& path, const qawb::QAWBAdvanceTuningTable& table);
-Q3A_EXPORT void SaveTuningTableWithProtobuf(
-    const std::string& path, const qawb::QAWBColorControlTuningTable& table);
-Q3A_EXPORT void SaveTuningTableWithProtobuf(
-    const std::string& path, const qawb::QAWBFeatureTuningTable& table);
-
-// JSON readers. An empty path or an empty file gives false.
-Q3A_EXPORT bool ReadQAWBBasicTuningTableWithJson(
-    const std::string& path, qawb::QAWBBasicTuningTable& table);
-Q3A_EXPORT bool ReadQAWBAdvanceTuningTableWithJson(
-    const std::string& path, qawb::QAWBAdvanceTuningTable& table);
-Q3A_EXPORT bool ReadQAWBColorControlTuningTableWithJson(
-    const std::string& path, qawb::QAWBColorControlTuningTable& table);
-Q3A_EXPORT bool ReadQAWBFeatureTuningTableWithJson(
-    const std::string& path, qawb::QAWBFeatureTuningTable& table);
-
-// Binary readers. An empty path gives false; a 0-byte file is an empty
-// message and gives true.
-Q3A_EXPORT bool ReadQAWBBasicTuningTableFromProtobuf(
-    const std::string& path, qawb::QAWBBasicTuningTable& table);
-Q3A_EXPORT bool ReadQAWBAdvanceTuningTableFromProtobuf(
-    const std::string& path, qawb::QAWBAdvanceTuningTable& table);
-Q3A_EXPORT bool ReadQAWBColorControlTuningTableFromProtobuf(
-    const std::string& path, qawb::QAWBColorControlTuningTable& table);
-Q3A_EXPORT bool ReadQAWBFeatureTuningTableFromProtobuf(
-    const std::string& path, qawb::QAWBFeatureTuningTable& table);
+// For each of the four tables (awb_records/tuning_tables.h), e.g. the basic
+// table:
+//
+// SaveTuningTableWithJson(path, const QAWBBasicTuningTable&): indented, every
+// scalar printed even when 0, enum values by name, the schema's snake_case
+// field names, no trailing newline.
+//
+// SaveTuningTableWithProtobuf(path, const QAWBBasicTuningTable&): the
+// message's wire format, nothing before or after it.
+//
+// ReadQAWBBasicTuningTableWithJson(path, QAWBBasicTuningTable&): an empty path
+// or an empty file gives false.
+//
+// ReadQAWBBasicTuningTableFromProtobuf(path, QAWBBasicTuningTable&): an empty
+// path gives false; a 0-byte file is an empty message and gives true.
+#define PROTOMSG_INTERNAL_DECLARE_TUNING_FILES(Id, Stem, name, load_position) \
+  Q3A_EXPORT void SaveTuningTableWithJson(const std::string& path,            \
+                                          const qawb::QAWB##Stem& table);     \
+  Q3A_EXPORT void SaveTuningTableWithProtobuf(const std::string& path,        \
+                                              const qawb::QAWB##Stem& table); \
+  Q3A_EXPORT bool ReadQAWB##Stem##WithJson(const std::string& path,           \
+                                           qawb::QAWB##Stem& table);          \
+  Q3A_EXPORT bool ReadQAWB##Stem##FromProtobuf(const std::string& path,       \
+                                               qawb::QAWB##Stem& table);
+QAWB_TUNING_TABLES(PROTOMSG_INTERNAL_DECLARE_TUNING_FILES)
+#undef PROTOMSG_INTERNAL_DECLARE_TUNING_FILES
 
 }  // namespace protomsg
 

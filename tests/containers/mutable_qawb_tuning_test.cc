@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
@@ -15,16 +16,29 @@
 #include <string>
 #include <vector>
 
+#include "libs_v4/qAWB/src/base/table_access.h"
+#include "tests/support/file_bytes.h"
+#include "tests/support/record_pairs.h"
 #include "tests/support/scoped_temp_dir.h"
+#include "tests/support/tuning_bytes.h"
 
 namespace qawb {
 namespace {
+
+using q3a_test::SameBytes;
+using q3a_test::TableBytes;
 
 constexpr std::size_t kBasicOffset = 0;
 constexpr std::size_t kAdvanceOffset = 24208;
 constexpr std::size_t kColorControlOffset = 29792;
 constexpr std::size_t kFeatureOffset = 69760;
 constexpr std::size_t kFileSize = 102944;
+static_assert(TuningTable<QAWBAdvanceTuningTable>::kFileOffset ==
+                  kAdvanceOffset &&
+              TuningTable<QAWBColorControlTuningTable>::kFileOffset ==
+                  kColorControlOffset &&
+              TuningTable<QAWBFeatureTuningTable>::kFileOffset ==
+                  kFeatureOffset);
 
 struct LogLine {
   int priority;
@@ -58,25 +72,6 @@ void FillWithPattern(Table& table, unsigned seed, uint16_t minor) {
   table.version = {9, minor};
 }
 
-template <typename Table>
-bool SameBytes(const Table& a, const Table& b) {
-  return std::memcmp(&a, &b, sizeof(Table)) == 0;
-}
-
-// All four tables' bytes, to compare a container before and after a call.
-std::vector<unsigned char> Snapshot(const MutableQAWBTuning& tuning) {
-  std::vector<unsigned char> bytes;
-  auto append = [&bytes](const auto* table) {
-    const auto* begin = reinterpret_cast<const unsigned char*>(table);
-    bytes.insert(bytes.end(), begin, begin + sizeof(*table));
-  };
-  append(tuning.GetBasicTuningTable());
-  append(tuning.GetAdvanceTuningTable());
-  append(tuning.GetColorControlTuningTable());
-  append(tuning.GetFeatureTuningTable());
-  return bytes;
-}
-
 class MutableQAWBTuningTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -95,17 +90,6 @@ class MutableQAWBTuningTest : public testing::Test {
   }
 
   std::string PathOf(const std::string& name) const { return dir_.File(name); }
-
-  void WriteBytes(const std::string& path, std::size_t size) const {
-    std::ofstream out(path, std::ios::binary);
-    out << std::string(size, '\x5a');
-  }
-
-  static std::vector<unsigned char> ReadBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in),
-            std::istreambuf_iterator<char>()};
-  }
 
   // A container whose four tables all differ from the defaults.
   void LoadPatternedTables(MutableQAWBTuning& tuning) const {
@@ -138,7 +122,7 @@ TEST_F(MutableQAWBTuningTest, StartsWithTheDefaultTables) {
   EXPECT_EQ(tuning.GetFeatureTuningTable()->version.minor, 2);
 
   MutableQAWBTuning other;
-  EXPECT_EQ(Snapshot(tuning), Snapshot(other));
+  EXPECT_EQ(TableBytes(tuning), TableBytes(other));
   EXPECT_NE(tuning.GetBasicTuningTable(), other.GetBasicTuningTable());
 }
 
@@ -161,18 +145,18 @@ TEST_F(MutableQAWBTuningTest, FileRoundTripRestoresEveryByte) {
 
   MutableQAWBTuning read;
   ASSERT_TRUE(read.ReadFromFile(path));
-  EXPECT_EQ(Snapshot(read), Snapshot(written));
+  EXPECT_EQ(TableBytes(read), TableBytes(written));
   EXPECT_TRUE(lines_.empty());
 }
 
 TEST_F(MutableQAWBTuningTest, FreshContainerSurvivesRoundTrip) {
   MutableQAWBTuning tuning;
-  const std::vector<unsigned char> before = Snapshot(tuning);
+  const std::string before = TableBytes(tuning);
   const std::string path = PathOf("defaults.bin");
   tuning.WriteToFile(path);
   ASSERT_TRUE(tuning.ReadFromFile(path));
-  EXPECT_EQ(Snapshot(tuning), before);
-  EXPECT_EQ(ReadBytes(path), before);
+  EXPECT_EQ(TableBytes(tuning), before);
+  EXPECT_EQ(q3a_test::ReadFile(path), before);
 }
 
 TEST_F(MutableQAWBTuningTest, FileHoldsTheTablesBackToBack) {
@@ -180,7 +164,7 @@ TEST_F(MutableQAWBTuningTest, FileHoldsTheTablesBackToBack) {
   LoadPatternedTables(tuning);
   const std::string path = PathOf("layout.bin");
   tuning.WriteToFile(path);
-  const std::vector<unsigned char> file = ReadBytes(path);
+  const std::string file = q3a_test::ReadFile(path);
   ASSERT_EQ(file.size(), kFileSize);
 
   struct Expected {
@@ -205,39 +189,64 @@ TEST_F(MutableQAWBTuningTest, FileHoldsTheTablesBackToBack) {
   }
 }
 
-class WrongSizeTest : public MutableQAWBTuningTest,
-                      public testing::WithParamInterface<std::size_t> {};
+struct WrongSize {
+  const char* name;
+  std::size_t size;
+};
 
-TEST_P(WrongSizeTest, IsRejectedAndLogged) {
+class WrongSizeTest : public MutableQAWBTuningTest,
+                      public testing::WithParamInterface<WrongSize> {};
+
+// The file holds a valid dump of other tables (the defaults), cut short or
+// repeated, so a reader that took any of it would show.
+TEST_P(WrongSizeTest, IsRejectedWholeAndLogged) {
+  const std::size_t size = GetParam().size;
+  std::string bytes = TableBytes(MutableQAWBTuning());
+  bytes += bytes;
+  bytes.resize(std::min(size, bytes.size()));
+  const std::string path = PathOf("wrong_size.bin");
+  ASSERT_TRUE(q3a_test::WriteFile(path, bytes));
+  std::filesystem::resize_file(path, size);  // larger sizes stay sparse
   MutableQAWBTuning tuning;
   LoadPatternedTables(tuning);
-  const std::vector<unsigned char> before = Snapshot(tuning);
-  const std::string path = PathOf("wrong_size.bin");
-  WriteBytes(path, GetParam());
+  const std::string before = TableBytes(tuning);
 
   EXPECT_FALSE(tuning.ReadFromFile(path));
-  EXPECT_EQ(Snapshot(tuning), before);
+  EXPECT_EQ(TableBytes(tuning), before);
   ASSERT_EQ(lines_.size(), 1u);
   EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);
   EXPECT_EQ(lines_[0].tag, program_invocation_short_name);
+  // The log prints the size as a 32-bit int.
   EXPECT_EQ(WithoutLineNumber(lines_[0].message),
             "Tuning: mutable_qawb_tuning.cc:N] ReadFromFile: The size of "
             "tuning binary file does not match ideal file "
             "size.ideal_file_size=102944 file_size=" +
-                std::to_string(GetParam()));
+                std::to_string(static_cast<std::int32_t>(size)));
 }
 
-INSTANTIATE_TEST_SUITE_P(MutableQAWBTuning, WrongSizeTest,
-                         testing::Values(kFileSize - 1, kFileSize + 1, 0));
+INSTANTIATE_TEST_SUITE_P(
+    MutableQAWBTuning, WrongSizeTest,
+    testing::Values(WrongSize{"Empty", 0}, WrongSize{"OneByte", 1},
+                    WrongSize{"BasicTableOnly", kAdvanceOffset},
+                    WrongSize{"FirstThreeTables", kFeatureOffset},
+                    WrongSize{"OneByteShort", kFileSize - 1},
+                    WrongSize{"OneByteLong", kFileSize + 1},
+                    WrongSize{"TwoDumps", 2 * kFileSize},
+                    // Its low 32 bits alone would pass the size check.
+                    WrongSize{"SizePlus4GiB",
+                              kFileSize + (std::size_t{1} << 32)}),
+    [](const testing::TestParamInfo<WrongSize>& info) {
+      return std::string(info.param.name);
+    });
 
 TEST_F(MutableQAWBTuningTest, MissingFileIsRejectedAndLogged) {
   MutableQAWBTuning tuning;
   LoadPatternedTables(tuning);
-  const std::vector<unsigned char> before = Snapshot(tuning);
+  const std::string before = TableBytes(tuning);
   const std::string path = PathOf("missing.bin");
 
   EXPECT_FALSE(tuning.ReadFromFile(path));
-  EXPECT_EQ(Snapshot(tuning), before);
+  EXPECT_EQ(TableBytes(tuning), before);
   ASSERT_EQ(lines_.size(), 1u);
   EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);
   EXPECT_EQ(WithoutLineNumber(lines_[0].message),
@@ -251,10 +260,10 @@ TEST_F(MutableQAWBTuningTest, MissingFileIsRejectedAndLogged) {
 TEST_F(MutableQAWBTuningTest, DirectoryIsRejected) {
   MutableQAWBTuning tuning;
   LoadPatternedTables(tuning);
-  const std::vector<unsigned char> before = Snapshot(tuning);
+  const std::string before = TableBytes(tuning);
 
   EXPECT_FALSE(tuning.ReadFromFile(dir_.path().string()));
-  EXPECT_EQ(Snapshot(tuning), before);
+  EXPECT_EQ(TableBytes(tuning), before);
   ASSERT_EQ(lines_.size(), 1u);
   EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);
   EXPECT_NE(lines_[0].message.find("] ReadFromFile: The size of tuning "
@@ -265,9 +274,9 @@ TEST_F(MutableQAWBTuningTest, DirectoryIsRejected) {
 
 TEST_F(MutableQAWBTuningTest, EmptyPathIsRejected) {
   MutableQAWBTuning tuning;
-  const std::vector<unsigned char> before = Snapshot(tuning);
+  const std::string before = TableBytes(tuning);
   EXPECT_FALSE(tuning.ReadFromFile(""));
-  EXPECT_EQ(Snapshot(tuning), before);
+  EXPECT_EQ(TableBytes(tuning), before);
   EXPECT_EQ(lines_.size(), 1u);
 }
 
@@ -286,64 +295,36 @@ TEST_F(MutableQAWBTuningTest, UnwritablePathIsLogged) {
                 path);
 }
 
-// One setter/getter pair per table, so the setter cases run over all four.
-template <typename Table>
-struct TableAccess;
-
-template <>
-struct TableAccess<QAWBBasicTuningTable> {
-  static constexpr auto kSet = &MutableQAWBTuning::SetBasicTuningTable;
-  static constexpr auto kGet = &MutableQAWBTuning::GetBasicTuningTable;
-};
-template <>
-struct TableAccess<QAWBAdvanceTuningTable> {
-  static constexpr auto kSet = &MutableQAWBTuning::SetAdvanceTuningTable;
-  static constexpr auto kGet = &MutableQAWBTuning::GetAdvanceTuningTable;
-};
-template <>
-struct TableAccess<QAWBColorControlTuningTable> {
-  static constexpr auto kSet = &MutableQAWBTuning::SetColorControlTuningTable;
-  static constexpr auto kGet = &MutableQAWBTuning::GetColorControlTuningTable;
-};
-template <>
-struct TableAccess<QAWBFeatureTuningTable> {
-  static constexpr auto kSet = &MutableQAWBTuning::SetFeatureTuningTable;
-  static constexpr auto kGet = &MutableQAWBTuning::GetFeatureTuningTable;
-};
-
 template <typename Table>
 class MutableQAWBTuningSetterTest : public testing::Test {};
 
-using TableTypes =
-    testing::Types<QAWBBasicTuningTable, QAWBAdvanceTuningTable,
-                   QAWBColorControlTuningTable, QAWBFeatureTuningTable>;
-TYPED_TEST_SUITE(MutableQAWBTuningSetterTest, TableTypes);
+TYPED_TEST_SUITE(MutableQAWBTuningSetterTest, q3a_test::AllTables);
 
 TYPED_TEST(MutableQAWBTuningSetterTest, NullIsRefusedAndChangesNothing) {
   MutableQAWBTuning tuning;
-  const std::vector<unsigned char> before = Snapshot(tuning);
-  EXPECT_FALSE((tuning.*TableAccess<TypeParam>::kSet)(nullptr));
-  EXPECT_EQ(Snapshot(tuning), before);
+  const std::string before = TableBytes(tuning);
+  EXPECT_FALSE(SetTable<TypeParam>(tuning, nullptr));
+  EXPECT_EQ(TableBytes(tuning), before);
 }
 
 TYPED_TEST(MutableQAWBTuningSetterTest, SetTableIsSeenAtTheSameAddress) {
   MutableQAWBTuning tuning;
   const MutableQAWBTuning defaults;
-  const TypeParam* address = (tuning.*TableAccess<TypeParam>::kGet)();
+  const TypeParam* address = GetTable<TypeParam>(tuning);
   TypeParam table;
   FillWithPattern(table, 29, 2);
   table.version = {3, 2};
 
-  ASSERT_TRUE((tuning.*TableAccess<TypeParam>::kSet)(&table));
-  EXPECT_EQ((tuning.*TableAccess<TypeParam>::kGet)(), address);
+  ASSERT_TRUE(SetTable(tuning, &table));
+  EXPECT_EQ(GetTable<TypeParam>(tuning), address);
   EXPECT_EQ(address->version.major, 3);
   EXPECT_EQ(address->version.minor, 2);
   EXPECT_TRUE(SameBytes(*address, table));
 
   // The other three tables are left alone.
-  table = *(defaults.*TableAccess<TypeParam>::kGet)();
-  ASSERT_TRUE((tuning.*TableAccess<TypeParam>::kSet)(&table));
-  EXPECT_EQ(Snapshot(tuning), Snapshot(defaults));
+  table = *GetTable<TypeParam>(defaults);
+  ASSERT_TRUE(SetTable(tuning, &table));
+  EXPECT_EQ(TableBytes(tuning), TableBytes(defaults));
 }
 
 }  // namespace

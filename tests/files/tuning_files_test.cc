@@ -14,7 +14,9 @@
 
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_table_traits.h"
+#include "tests/support/file_bytes.h"
 #include "tests/support/record_checks.h"
+#include "tests/support/record_pairs.h"
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
 
@@ -25,61 +27,36 @@ using q3a_test::SameBytes;
 
 enum class Encoding { kJson, kProtobuf };
 
-// Per table: the library's description of it, a table whose file it must
-// reject, and a JSON text that names a frame-summary kind in the wrong letter
+// A JSON text per table that names a frame-summary kind in the wrong letter
 // case (the colour-control table has none).
 template <typename Table>
-struct TableFiles;
-
+constexpr const char* kBadEnumCase = nullptr;
 template <>
-struct TableFiles<qawb::QAWBBasicTuningTable>
-    : protomsg::TuningTableTraits<qawb::QAWBBasicTuningTable> {
-  using Other = qawb::QAWBAdvanceTuningTable;
-  static constexpr const char* kBadEnumCase =
-      R"({"grey_final_trust_level_list": {"bv_stats_trust_info": {)"
-      R"("stats_type": {"target_region": "kQAWBFrameSummaryTypegrey"}}}})";
-};
-
+constexpr const char* kBadEnumCase<qawb::QAWBBasicTuningTable> =
+    R"({"grey_final_trust_level_list": {"bv_stats_trust_info": {)"
+    R"("stats_type": {"target_region": "kQAWBFrameSummaryTypegrey"}}}})";
 template <>
-struct TableFiles<qawb::QAWBAdvanceTuningTable>
-    : protomsg::TuningTableTraits<qawb::QAWBAdvanceTuningTable> {
-  using Other = qawb::QAWBColorControlTuningTable;
-  static constexpr const char* kBadEnumCase =
-      R"({"outdoor_tuning_table": {"outdoor_final_trust_level_list": {)"
-      R"("bv_stats_trust_info": {"stats_type": {"base_region": )"
-      R"(["KQAWBFRAMESUMMARYTYPEGREY"]}}}}})";
-};
-
+constexpr const char* kBadEnumCase<qawb::QAWBAdvanceTuningTable> =
+    R"({"outdoor_tuning_table": {"outdoor_final_trust_level_list": {)"
+    R"("bv_stats_trust_info": {"stats_type": {"base_region": )"
+    R"(["KQAWBFRAMESUMMARYTYPEGREY"]}}}}})";
 template <>
-struct TableFiles<qawb::QAWBColorControlTuningTable>
-    : protomsg::TuningTableTraits<qawb::QAWBColorControlTuningTable> {
-  using Other = qawb::QAWBFeatureTuningTable;
-  static constexpr const char* kBadEnumCase = nullptr;
-};
+constexpr const char* kBadEnumCase<qawb::QAWBFeatureTuningTable> =
+    R"({"face_tuning_table": {"face_ideal_cct_trust_level_list": {)"
+    R"("stats_type": {"target_region": "kqawbframesummarytypeface"}}}})";
 
-template <>
-struct TableFiles<qawb::QAWBFeatureTuningTable>
-    : protomsg::TuningTableTraits<qawb::QAWBFeatureTuningTable> {
-  using Other = qawb::QAWBBasicTuningTable;
-  static constexpr const char* kBadEnumCase =
-      R"({"face_tuning_table": {"face_ideal_cct_trust_level_list": {)"
-      R"("stats_type": {"target_region": "kqawbframesummarytypeface"}}}})";
-};
-
-void WriteText(const std::string& path, const std::string& text) {
-  std::ofstream(path, std::ios::binary) << text;
-}
-
-std::string ReadText(const std::string& path) {
-  std::ostringstream text;
-  text << std::ifstream(path, std::ios::binary).rdbuf();
-  return text.str();
-}
+// Another table than `Table`, whose files `Table`'s readers must reject: the
+// next one in the tuning binary file, the last one's being the first.
+template <typename Table>
+using OtherTable =
+    qawb::TypeAt<qawb::TuningTables,
+                 (qawb::IndexOf<Table>(qawb::TuningTables{}) + 1) %
+                     qawb::TuningTables::kSize>;
 
 template <typename Table>
 class TuningFiles : public testing::Test {
  protected:
-  using Files = TableFiles<Table>;
+  using Files = protomsg::TuningTableTraits<Table>;
 
   static void Save(Encoding encoding, const std::string& path,
                    const Table& table) {
@@ -107,11 +84,7 @@ class TuningFiles : public testing::Test {
   q3a_test::ScopedTempDir dir_;
 };
 
-using Tables =
-    testing::Types<qawb::QAWBBasicTuningTable, qawb::QAWBAdvanceTuningTable,
-                   qawb::QAWBColorControlTuningTable,
-                   qawb::QAWBFeatureTuningTable>;
-TYPED_TEST_SUITE(TuningFiles, Tables);
+TYPED_TEST_SUITE(TuningFiles, q3a_test::AllTables);
 
 TYPED_TEST(TuningFiles, WriteThenReadKeepsEveryField) {
   for (Encoding encoding : {Encoding::kJson, Encoding::kProtobuf}) {
@@ -127,14 +100,14 @@ TYPED_TEST(TuningFiles, WriteThenReadKeepsEveryField) {
 TYPED_TEST(TuningFiles, RejectsWhatIsNotThisTablesFile) {
   const std::string other_json = this->dir_.File("other.json");
   const std::string other_binary = this->dir_.File("other.pb");
-  const auto other = MakeRecord<typename TestFixture::Files::Other>(3);
+  const auto other = MakeRecord<OtherTable<TypeParam>>(3);
   protomsg::SaveTuningTableWithJson(other_json, *other);
   protomsg::SaveTuningTableWithProtobuf(other_binary, *other);
   // A binary file cut in the middle of its first field.
   const std::string own_binary = this->dir_.File("own.pb");
   this->Save(Encoding::kProtobuf, own_binary, *MakeRecord<TypeParam>(4));
   const std::string truncated = this->dir_.File("truncated.pb");
-  WriteText(truncated, ReadText(own_binary).substr(0, 3));
+  q3a_test::WriteFile(truncated, q3a_test::ReadFile(own_binary).substr(0, 3));
 
   const struct {
     const char* what;
@@ -144,16 +117,16 @@ TYPED_TEST(TuningFiles, RejectsWhatIsNotThisTablesFile) {
       {"syntax error", R"({"version": {"major": 3,)"},
       {"empty file", ""},
       {"whitespace only", "  \n"},
-      {"binary content", ReadText(own_binary)},
+      {"binary content", q3a_test::ReadFile(own_binary)},
   };
   for (const auto& c : json_cases) {
     const std::string path = this->dir_.File("case.json");
-    WriteText(path, c.text);
+    q3a_test::WriteFile(path, c.text);
     this->ExpectRejected(Encoding::kJson, path, c.what);
   }
-  if (TestFixture::Files::kBadEnumCase != nullptr) {
+  if constexpr (kBadEnumCase<TypeParam> != nullptr) {
     const std::string path = this->dir_.File("enum.json");
-    WriteText(path, TestFixture::Files::kBadEnumCase);
+    q3a_test::WriteFile(path, kBadEnumCase<TypeParam>);
     this->ExpectRejected(Encoding::kJson, path, "enum name in other case");
   }
   this->ExpectRejected(Encoding::kJson, other_json, "another table's file");
@@ -170,8 +143,8 @@ TYPED_TEST(TuningFiles, RejectsWhatIsNotThisTablesFile) {
 TYPED_TEST(TuningFiles, EmptyMessageZeroesScalarsAndKeepsArrays) {
   const std::string json = this->dir_.File("empty.json");
   const std::string binary = this->dir_.File("empty.pb");
-  WriteText(json, "{}");
-  WriteText(binary, "");
+  q3a_test::WriteFile(json, "{}");
+  q3a_test::WriteFile(binary, "");
   for (Encoding encoding : {Encoding::kJson, Encoding::kProtobuf}) {
     auto table = MakeRecord<TypeParam>(6);
     const auto before = MakeRecord<TypeParam>(6);
@@ -213,7 +186,7 @@ TEST(JsonTuningFile, ZeroTableStillListsEveryScalar) {
   qawb::tuning::QAWBFeatureTuningTable message;
   protomsg::ConvertToMessage(*zero, message);
   // The printer puts each scalar on a line of its own, as "name": value.
-  std::istringstream text(ReadText(path));
+  std::istringstream text(q3a_test::ReadFile(path));
   int scalar_lines = 0;
   for (std::string line; std::getline(text, line);) {
     const auto colon = line.find("\": ");
@@ -245,8 +218,9 @@ TEST(JsonTuningFile, MatchesTheGoldenFileByteForByte) {
   q3a_test::ScopedTempDir dir;
   const std::string path = dir.File("advance.json");
   protomsg::SaveTuningTableWithJson(path, *table);
-  EXPECT_EQ(ReadText(path),
-            ReadText(std::string(Q3A_TEST_DATA_DIR) + "/advance_table.json"));
+  EXPECT_EQ(q3a_test::ReadFile(path),
+            q3a_test::ReadFile(std::string(Q3A_TEST_DATA_DIR) +
+                               "/advance_table.json"));
 }
 
 }  // namespace

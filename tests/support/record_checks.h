@@ -17,22 +17,20 @@ namespace q3a_test {
 template <typename Record>
 void ExpectDefaultScalarsAndKeptArrays(const Record& after,
                                        const Record& before) {
-  ForEachField(after, [&](const char* name, const auto& field) {
-    using Field = std::remove_cvref_t<decltype(field)>;
-    const auto offset = reinterpret_cast<const char*>(&field) -
-                        reinterpret_cast<const char*>(&after);
-    const auto& old = *reinterpret_cast<const Field*>(
-        reinterpret_cast<const char*>(&before) + offset);
-    if constexpr (std::is_array_v<Field>) {
-      EXPECT_TRUE(SameBytes(field, old)) << name << " changed";
-    } else if constexpr (qawb::DescribedRecord<Field>) {
-      ExpectDefaultScalarsAndKeptArrays(field, old);
-    } else if constexpr (std::is_same_v<Field, qawb::QAWBFrameSummaryType>) {
-      EXPECT_EQ(field, qawb::kQAWBFrameSummaryTypeInvalid) << name;
-    } else {
-      EXPECT_EQ(field, Field{}) << name;
-    }
-  });
+  qawb::ForEachFieldPair(
+      after, before, [&](const char* name, const auto& field, const auto& old) {
+        using Field = std::remove_cvref_t<decltype(field)>;
+        if constexpr (std::is_array_v<Field>) {
+          EXPECT_TRUE(SameBytes(field, old)) << name << " changed";
+        } else if constexpr (qawb::DescribedRecord<Field>) {
+          ExpectDefaultScalarsAndKeptArrays(field, old);
+        } else if constexpr (std::is_same_v<Field,
+                                            qawb::QAWBFrameSummaryType>) {
+          EXPECT_EQ(field, qawb::kQAWBFrameSummaryTypeInvalid) << name;
+        } else {
+          EXPECT_EQ(field, Field{}) << name;
+        }
+      });
 }
 }  // namespace q3a_test
 

@@ -1,10 +1,11 @@
-// Every AWB record with its interchange message, as a GoogleTest type list,
-// so that typed tests run over all records.
+// Every AWB record with its interchange message, and the four table records,
+// as GoogleTest type lists, so that typed tests run over all of them.
 #ifndef TESTS_SUPPORT_RECORD_PAIRS_H_
 #define TESTS_SUPPORT_RECORD_PAIRS_H_
 
 #include <gtest/gtest.h>
 
+#include "awb_records/tuning_tables.h"
 #include "protomsg/internal/message_for.h"
 #include "protomsg/record_conversions.h"
 
@@ -16,21 +17,26 @@ struct RecordPair {
   using Message = M;
 };
 
-template <typename First, typename... Rest>
-struct DropFirst {
-  using Types = ::testing::Types<Rest...>;
+// A qawb::TypeList of records as GoogleTest types of record pairs.
+template <typename List>
+struct PairsOf;
+template <typename... Records>
+struct PairsOf<qawb::TypeList<Records...>> {
+  using Types = ::testing::Types<RecordPair<
+      Records, typename protomsg::internal::MessageFor<Records>::type>...>;
 };
 
-#define Q3A_TEST_RECORD_PAIR(Record, Message, FIELDS) \
-  , ::q3a_test::RecordPair<::qawb::Record, ::qawb::tuning::Message>
+using AllRecordPairs = PairsOf<qawb::AllRecords>::Types;
 
-using AllRecordPairs = DropFirst<
-    void QAWB_SHARED_RECORDS(Q3A_TEST_RECORD_PAIR) QAWB_BASIC_TABLE_RECORDS(
-        Q3A_TEST_RECORD_PAIR) QAWB_ADVANCE_TABLE_RECORDS(Q3A_TEST_RECORD_PAIR)
-        QAWB_COLOR_CONTROL_TABLE_RECORDS(Q3A_TEST_RECORD_PAIR)
-            QAWB_FEATURE_TABLE_RECORDS(Q3A_TEST_RECORD_PAIR)>::Types;
+template <typename List>
+struct GTestTypes;
+template <typename... Types>
+struct GTestTypes<qawb::TypeList<Types...>> {
+  using type = ::testing::Types<Types...>;
+};
 
-#undef Q3A_TEST_RECORD_PAIR
+// The four table records, in the order of the tuning binary file.
+using AllTables = GTestTypes<qawb::TuningTables>::type;
 
 // The message type that carries record type R.
 template <typename R>

@@ -12,6 +12,7 @@
 
 #include "awb_records/qawb_shared_records.h"
 #include "awb_records/record_description.h"
+#include "tests/support/file_bytes.h"
 
 namespace q3a_test {
 
@@ -52,11 +53,6 @@ std::unique_ptr<Record> MakeRecord(int seed) {
   std::memset(static_cast<void*>(record.get()), 0, sizeof(Record));
   RecordValues(seed).Fill(*record);
   return record;
-}
-
-template <typename T>
-bool SameBytes(const T& a, const T& b) {
-  return std::memcmp(&a, &b, sizeof(T)) == 0;
 }
 
 }  // namespace q3a_test

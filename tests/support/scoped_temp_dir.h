@@ -1,25 +1,38 @@
-// A fresh directory for a test's files, removed with everything in it when
-// the object goes out of scope.
+// A fresh directory for the files of a test, benchmark or fuzz target,
+// removed with everything in it when the object goes out of scope.
 #ifndef TESTS_SUPPORT_SCOPED_TEMP_DIR_H_
 #define TESTS_SUPPORT_SCOPED_TEMP_DIR_H_
 
-#include <gtest/gtest.h>
 #include <stdlib.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <string>
 #include <system_error>
 
 namespace q3a_test {
+namespace internal {
+
+inline std::string DefaultTempParent() {
+  const char* tmpdir = std::getenv("TMPDIR");
+  return tmpdir != nullptr && *tmpdir != '\0' ? tmpdir : "/tmp";
+}
+
+}  // namespace internal
 
 class ScopedTempDir {
  public:
-  ScopedTempDir() {
-    std::string pattern = ::testing::TempDir() + "q3a_test_XXXXXX";
+  // Creates the directory in `parent`, by default $TMPDIR or /tmp. A
+  // directory that cannot be created ends the process: nothing that needs
+  // one can run without it.
+  explicit ScopedTempDir(std::string parent = internal::DefaultTempParent()) {
+    std::string pattern = parent + "/q3a_test_XXXXXX";
     if (mkdtemp(pattern.data()) == nullptr) {
-      ADD_FAILURE() << "mkdtemp: " << std::strerror(errno);
+      std::fprintf(stderr, "mkdtemp in %s: %s\n", parent.c_str(),
+                   std::strerror(errno));
+      std::abort();
     }
     path_ = pattern;
   }
@@ -40,6 +53,19 @@ class ScopedTempDir {
  private:
   std::filesystem::path path_;
 };
+
+// One directory for the process's many small files (benchmarks, fuzz
+// targets), in memory under /dev/shm where the machine has it; removed at
+// exit.
+inline const ScopedTempDir& ProcessTempDir() {
+  static const ScopedTempDir dir([] {
+    std::error_code error;
+    return std::filesystem::is_directory("/dev/shm", error)
+               ? std::string("/dev/shm")
+               : internal::DefaultTempParent();
+  }());
+  return dir;
+}
 
 }  // namespace q3a_test
 

@@ -66,7 +66,7 @@ TEST_P(BuiltInTablesValidate, CompactExportReadsAsTheFullTable) {
     SCOPED_TRACE(table);
     const std::string full = Path("full") + "/" + table + ".json";
     const std::string compact = Path("compact") + "/" + table + ".json";
-    EXPECT_LT(ReadText(compact).size(), ReadText(full).size());
+    EXPECT_LT(ReadFile(compact).size(), ReadFile(full).size());
     const ToolResult diff = Run({"diff", full, compact});
     EXPECT_EQ(diff.exit_code, 0) << diff.out << diff.err;
     const ToolResult validated = Run({"validate", "--compact", compact});

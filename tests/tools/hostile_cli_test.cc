@@ -49,7 +49,7 @@ Snapshot Take(const std::string& dir) {
       snapshot[name] = "size:" + std::to_string(status.st_size) + " mtime:" +
                        std::to_string(status.st_mtim.tv_nsec);
     } else {
-      snapshot[name] = "file:" + ReadText(entry.path().string());
+      snapshot[name] = "file:" + ReadFile(entry.path().string());
     }
   }
   return snapshot;

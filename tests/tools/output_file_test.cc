@@ -12,23 +12,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/scoped_temp_dir.h"
+#include "tests/support/file_bytes.h"
 
 namespace q3a_tool {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Content(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream content;
-  content << in.rdbuf();
-  return content.str();
-}
-
-void Put(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
 
 // Names of the files in `dir`, so a test sees a temporary left behind.
 std::vector<std::string> Listing(const fs::path& dir) {
@@ -43,10 +32,10 @@ std::vector<std::string> Listing(const fs::path& dir) {
 TEST(WriteOutputFile, ReplacesAFileAndKeepsItsMode) {
   q3a_test::ScopedTempDir dir;
   const std::string target = dir.File("out.json");
-  Put(target, "old");
+  q3a_test::WriteFile(target, "old");
   chmod(target.c_str(), 0640);
   ASSERT_EQ(WriteOutputFile(target, "new content"), std::nullopt);
-  EXPECT_EQ(Content(target), "new content");
+  EXPECT_EQ(q3a_test::ReadFile(target), "new content");
   struct stat status;
   ASSERT_EQ(stat(target.c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 07777, 0640u);
@@ -55,11 +44,11 @@ TEST(WriteOutputFile, ReplacesAFileAndKeepsItsMode) {
 
 TEST(WriteOutputFile, WritesThroughALinkAndKeepsTheLink) {
   q3a_test::ScopedTempDir dir;
-  Put(dir.File("real.json"), "old");
+  q3a_test::WriteFile(dir.File("real.json"), "old");
   fs::create_symlink(dir.File("real.json"), dir.File("link.json"));
   ASSERT_EQ(WriteOutputFile(dir.File("link.json"), "new"), std::nullopt);
   EXPECT_TRUE(fs::is_symlink(dir.File("link.json")));
-  EXPECT_EQ(Content(dir.File("real.json")), "new");
+  EXPECT_EQ(q3a_test::ReadFile(dir.File("real.json")), "new");
 }
 
 // Each case makes a target that must be refused, with the words the message
@@ -74,7 +63,7 @@ class RefusedOutput : public ::testing::TestWithParam<RefusedTarget> {};
 
 TEST_P(RefusedOutput, LeavesEverythingAsItWas) {
   q3a_test::ScopedTempDir dir;
-  Put(dir.File("input.json"), "input");
+  q3a_test::WriteFile(dir.File("input.json"), "input");
   const std::string target = GetParam().make(dir);
   const std::vector<std::string> before = Listing(dir.path());
   struct stat status_before;
@@ -88,7 +77,7 @@ TEST_P(RefusedOutput, LeavesEverythingAsItWas) {
   EXPECT_NE(error->message.find(GetParam().says), std::string::npos)
       << error->message;
   EXPECT_EQ(Listing(dir.path()), before);
-  EXPECT_EQ(Content(dir.File("input.json")), "input");
+  EXPECT_EQ(q3a_test::ReadFile(dir.File("input.json")), "input");
   struct stat status_after;
   if (existed) {
     ASSERT_EQ(lstat(target.c_str(), &status_after), 0);
@@ -155,7 +144,7 @@ class FileSizeLimit {
 TEST(WriteOutputFile, AWriteCutShortKeepsTheOldFile) {
   q3a_test::ScopedTempDir dir;
   const std::string target = dir.File("out.json");
-  Put(target, "old");
+  q3a_test::WriteFile(target, "old");
   std::optional<ToolError> error;
   {
     FileSizeLimit limit(1024);
@@ -163,22 +152,25 @@ TEST(WriteOutputFile, AWriteCutShortKeepsTheOldFile) {
   }
   ASSERT_NE(error, std::nullopt);
   EXPECT_NE(error->message.find("write failed"), std::string::npos);
-  EXPECT_EQ(Content(target), "old");
+  EXPECT_EQ(q3a_test::ReadFile(target), "old");
   EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.json"});
 }
 
 TEST(WriteOutputFileWith, AFailedVerificationKeepsTheOldFile) {
   q3a_test::ScopedTempDir dir;
   const std::string target = dir.File("out.bin");
-  Put(target, "old");
+  q3a_test::WriteFile(target, "old");
   const auto error = WriteOutputFileWith(
-      target, {}, [](const std::string& temporary) { Put(temporary, "half"); },
+      target, {},
+      [](const std::string& temporary) {
+        q3a_test::WriteFile(temporary, "half");
+      },
       [&](const std::string& temporary) -> std::optional<ToolError> {
-        EXPECT_EQ(Content(temporary), "half");
+        EXPECT_EQ(q3a_test::ReadFile(temporary), "half");
         return ToolError{target + ": came out short", kExitFailure};
       });
   ASSERT_NE(error, std::nullopt);
-  EXPECT_EQ(Content(target), "old");
+  EXPECT_EQ(q3a_test::ReadFile(target), "old");
   EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.bin"});
 }
 

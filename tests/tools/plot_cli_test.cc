@@ -37,7 +37,7 @@ TEST_P(PlotTableTest, DrawsEveryTableAndOverlaysAnother) {
   ASSERT_EQ(result.exit_code, 0) << result.err;
   EXPECT_EQ(result.out, svg_path + "\n");
   EXPECT_EQ(result.err, "");
-  const std::string svg = ReadText(svg_path);
+  const std::string svg = ReadFile(svg_path);
   EXPECT_TRUE(svg.starts_with("<svg ")) << svg.substr(0, 80);
   EXPECT_THAT(svg, HasSubstr(GetParam().table + " table "));
   EXPECT_THAT(svg, HasSubstr("of container " + std::string(kKey)));
@@ -50,7 +50,7 @@ TEST_P(PlotTableTest, DrawsEveryTableAndOverlaysAnother) {
   result = Run({"plot", Awb(GetParam().table), "--against",
                 "defaults:" + GetParam().table, "-o", overlay});
   ASSERT_EQ(result.exit_code, 0) << result.err;
-  const std::string both = ReadText(overlay);
+  const std::string both = ReadFile(overlay);
   EXPECT_THAT(both, HasSubstr("against default " + GetParam().table));
 }
 
@@ -79,7 +79,7 @@ class PlotCliTest : public ToolTest {
       EXPECT_EQ(Run({"export", "--key", kKey, "-o", Path("tables")}).exit_code,
                 0);
     }
-    const std::string text = ReadText(Path("tables/" + table + ".json"));
+    const std::string text = ReadFile(Path("tables/" + table + ".json"));
     const std::string edited =
         std::regex_replace(text, std::regex(pattern), replacement,
                            std::regex_constants::format_first_only);
@@ -98,7 +98,7 @@ TEST_F(PlotCliTest, NonFiniteValuesAreFindingsAndTheRestIsDrawn) {
               HasSubstr("golden_module_table.golden_module_data[0]."
                         "golden_reference_point.rg: value nan is not finite; "
                         "left out of the plots"));
-  const std::string svg = ReadText(Path("nan.svg"));
+  const std::string svg = ReadFile(Path("nan.svg"));
   EXPECT_THAT(svg, HasSubstr(">2850 K<"));
   EXPECT_FALSE(testing::Value(svg, testing::ContainsRegex("[=', L]-?nan")))
       << "a NaN coordinate was written";
@@ -113,7 +113,7 @@ TEST_F(PlotCliTest, ReportListsFindingsDifferencesAndRegistration) {
   const ToolResult result = Run({"report", "--key", kKey, "--against",
                                  feature, basic, "-o", report});
   ASSERT_EQ(result.exit_code, 0) << result.err;
-  const std::string html = ReadText(report);
+  const std::string html = ReadFile(report);
   EXPECT_THAT(html, HasSubstr("face_tuning_table.max_face_count"));
   EXPECT_THAT(html, HasSubstr("initial_cct"));
   EXPECT_THAT(html, HasSubstr("5123"));
@@ -132,7 +132,7 @@ TEST_F(PlotCliTest, ReportCarriesTheFindingsOfValidate) {
   const ToolResult result = Run({"report", "--key", kKey, "--against", basic,
                                  "-o", Path("report.html")});
   ASSERT_EQ(result.exit_code, 0) << result.err;
-  const std::string html = ReadText(Path("report.html"));
+  const std::string html = ReadFile(Path("report.html"));
   EXPECT_THAT(html, HasSubstr("golden_module_number"));
   EXPECT_THAT(html, Not(HasSubstr("No findings")));
 }
@@ -152,7 +152,7 @@ class ReportRefusalTest : public PlotCliTest,
 TEST_P(ReportRefusalTest, WritesNothing) {
   const std::string feature =
       Edited("feature", "\"max_face_count\": 5", "\"max_face_count\": 6");
-  const std::string before = ReadText(feature);
+  const std::string before = ReadFile(feature);
   std::vector<std::string> args;
   for (const std::string& arg : GetParam().args) {
     args.push_back(arg == "FILE" ? feature
@@ -164,7 +164,7 @@ TEST_P(ReportRefusalTest, WritesNothing) {
   EXPECT_EQ(result.exit_code, GetParam().exit_code) << result.err;
   EXPECT_THAT(result.err, HasSubstr(GetParam().message));
   EXPECT_FALSE(std::filesystem::exists(Path("out.html")));
-  EXPECT_EQ(ReadText(feature), before);
+  EXPECT_EQ(ReadFile(feature), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(

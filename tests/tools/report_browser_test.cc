@@ -33,8 +33,8 @@ int RunChromium(const std::string& dir, const std::string& page,
       "--user-data-dir='" + dir + "/profile' " + flags + " 'file://" + page +
       "' >'" + dir + "/chromium.out' 2>'" + dir + "/chromium.err'";
   const int status = std::system(command.c_str());
-  out = ReadText(dir + "/chromium.out");
-  log = ReadText(dir + "/chromium.err");
+  out = ReadFile(dir + "/chromium.out");
+  log = ReadFile(dir + "/chromium.err");
   return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
@@ -47,7 +47,7 @@ class ReportInBrowser : public ToolTest {
     }
     ToolTest::SetUp();
     ASSERT_EQ(Run({"export", "--key", kKey, "-o", Path("tables")}).exit_code, 0);
-    std::string feature = ReadText(Path("tables/feature.json"));
+    std::string feature = ReadFile(Path("tables/feature.json"));
     const std::string from = "\"max_face_count\": 5";
     ASSERT_NE(feature.find(from), std::string::npos);
     feature.replace(feature.find(from), from.size(), "\"max_face_count\": 6");
@@ -63,7 +63,7 @@ class ReportInBrowser : public ToolTest {
 };
 
 TEST_F(ReportInBrowser, LoadsWithoutConsoleMessagesAndHasEverySection) {
-  const std::string html = ReadText(report_);
+  const std::string html = ReadFile(report_);
   // Self-contained: nothing to run, nothing to fetch.
   EXPECT_THAT(html, Not(HasSubstr("<script")));
   EXPECT_THAT(html, Not(HasSubstr("url(")));
@@ -95,7 +95,7 @@ TEST_F(ReportInBrowser, ScreenshotIsAPictureNotABlankPage) {
                         out, log),
             0)
       << log;
-  const std::optional<Image> image = DecodePng(ReadText(png));
+  const std::optional<Image> image = DecodePng(ReadFile(png));
   ASSERT_TRUE(image.has_value()) << "not a PNG of a known kind: " << png;
   EXPECT_EQ(image->width, 1280u);
   EXPECT_EQ(image->height, 2000u);
@@ -119,7 +119,7 @@ TEST_F(ReportInBrowser, PrintsToPdf) {
                         out, log),
             0)
       << log;
-  const std::string bytes = ReadText(pdf);
+  const std::string bytes = ReadFile(pdf);
   EXPECT_TRUE(bytes.starts_with("%PDF-")) << pdf;
   EXPECT_GT(bytes.size(), 20000u);
   // One page per table section at least.

@@ -1,6 +1,8 @@
 // The table pictures drawn from every registered container's tables: the
 // layout properties hold on real data, empty tables say "no data", non-finite
 // values become findings, and comparisons outline exactly the changed cells.
+#include "tools/q3a_tuning/table_plots.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,12 +10,12 @@
 #include <variant>
 
 #include "coordinator/tuning_map.h"
+#include "tests/support/record_pairs.h"
 #include "tools/q3a_tuning/html_report.h"
 #include "tools/q3a_tuning/plot_layout.h"
 #include "tools/q3a_tuning/plot_render.h"
 #include "tools/q3a_tuning/registry_view.h"
 #include "tools/q3a_tuning/table_file.h"
-#include "tools/q3a_tuning/table_plots.h"
 
 namespace q3a_tool {
 namespace {
@@ -101,21 +103,17 @@ TEST(TablePlots, EveryRegisteredTableLaysOutSoundly) {
     ++containers;
     const auto& tuning = *static_cast<const qawb::QAWBTuning*>(r.object);
     const std::string key = FormatTuningKey(r.key);
-    CheckTable(*tuning.GetBasicTuningTable(), key + " basic");
-    CheckTable(*tuning.GetAdvanceTuningTable(), key + " advance");
-    CheckTable(*tuning.GetColorControlTuningTable(), key + " color");
-    CheckTable(*tuning.GetFeatureTuningTable(), key + " feature");
+    qawb::ForEachTable([&]<typename Record>() {
+      CheckTable(*qawb::GetTable<Record>(tuning),
+                 key + " " + std::string(TableTraits<Record>::kName));
+    });
   }
   EXPECT_GT(containers, 0);
 }
 
 template <typename Record>
 class EmptyTablePlots : public testing::Test {};
-using Tables =
-    testing::Types<qawb::QAWBBasicTuningTable, qawb::QAWBAdvanceTuningTable,
-                   qawb::QAWBColorControlTuningTable,
-                   qawb::QAWBFeatureTuningTable>;
-TYPED_TEST_SUITE(EmptyTablePlots, Tables);
+TYPED_TEST_SUITE(EmptyTablePlots, q3a_test::AllTables);
 
 TYPED_TEST(EmptyTablePlots, SayNoDataInsteadOfDrawingAxes) {
   const auto table = MakeZeroedTable<TypeParam>();

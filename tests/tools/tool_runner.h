@@ -15,6 +15,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/file_bytes.h"
+
 namespace q3a_test {
 
 struct ToolResult {
@@ -22,17 +24,6 @@ struct ToolResult {
   std::string out;
   std::string err;
 };
-
-inline std::string ReadText(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-inline void WriteText(const std::string& path, const std::string& text) {
-  std::ofstream(path, std::ios::binary) << text;
-}
 
 // Single quotes around every argument; the tests never pass a quote.
 // `file_size_limit` > 0 runs the tool under `ulimit -f` (in the shell's
@@ -52,23 +43,17 @@ inline ToolResult RunTool(const std::vector<std::string>& args,
   const int status = std::system(command.c_str());
   ToolResult result;
   result.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  result.out = ReadText(out);
-  result.err = ReadText(err);
+  result.out = ReadFile(out);
+  result.err = ReadFile(err);
   return result;
 }
 
 class ToolTest : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string pattern = testing::TempDir() + "q3a_tool_XXXXXX";
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr) << std::strerror(errno);
-    dir_ = pattern;
-  }
-
   std::string Path(const std::string& name) const { return dir_ + "/" + name; }
 
   std::string Write(const std::string& name, const std::string& text) const {
-    WriteText(Path(name), text);
+    WriteFile(Path(name), text);
     return Path(name);
   }
 
@@ -76,7 +61,8 @@ class ToolTest : public testing::Test {
     return RunTool(args, dir_);
   }
 
-  std::string dir_;
+  ScopedTempDir scratch_;
+  const std::string dir_ = scratch_.path().string();
 };
 
 }  // namespace q3a_test

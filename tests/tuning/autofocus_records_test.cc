@@ -1,54 +1,41 @@
 #include <gtest/gtest.h>
 
-#include <bit>
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <functional>
+#include <iterator>
 #include <vector>
 
 #include "coordinator/actuator_tuning.h"
 #include "coordinator/qaf_tuning.h"
+#include "coordinator/tuning_map.h"
 #include "tests/tuning/registry_lookup.h"
 
 namespace {
 
 using q3a_test::FindAs;
 
-TEST(ActuatorTuning, BuiltInValues) {
-  struct Expected {
-    int lens;
-    std::array<std::int32_t, 8> params;
-    std::uint32_t ratio_bits;
-    std::array<std::int32_t, 4> codes;
-    std::vector<std::pair<std::int32_t, float>> points;
-  };
-  const Expected parts[] = {
-      {0,
-       {200, 14, 291, 290, 296, 105, 5222, 10000},
-       0x3F0D844D,
-       {4095, 0, 324, 0},
-       {{17, 18.0f}, {28, 19.0f}, {57, 24.0f}, {144, 38.5f}, {324, 52.9f}}},
-      {2,
-       {200, 41, 291, 293, 297, 800, 32232, 37000},
-       0x3F05E354,
-       {1023, 0, 324, 0},
-       {{14, 4.5f}, {26, 5.8f}, {53, 7.6f}, {136, 16.1f}, {324, 24.0f}}},
-  };
-  for (const Expected& e : parts) {
-    SCOPED_TRACE(e.lens);
-    const auto* t = FindAs<actuator::ActuatorTuning>(q3a_api::kActuator,
-                                                     {0, -1, 1, e.lens, -1});
-    ASSERT_NE(t, nullptr);
-    EXPECT_EQ(t->params, e.params);
-    EXPECT_EQ(t->limit, 2147483647);
-    EXPECT_EQ(std::bit_cast<std::uint32_t>(t->ratio), e.ratio_bits);
-    EXPECT_EQ(t->codes, e.codes);
-    ASSERT_EQ(t->point_table.size(), 5u);
-    EXPECT_EQ(t->point_table.capacity(), 5u);
-    for (std::size_t i = 0; i < 5; ++i) {
-      EXPECT_EQ(t->point_table[i].code, e.points[i].first) << i;
-      EXPECT_EQ(t->point_table[i].position, e.points[i].second) << i;
-    }
+// The calibration points rise in code and position up to the code that
+// codes[2] names, within the driver's range (codes[0], a power of two less
+// one), and the table holds them without spare capacity.
+TEST(ActuatorTuning, CalibrationPointsAreOrderedWithinTheDriverRange) {
+  for (const auto& [key, object] :
+       *q3a_coordinator::GetTuningMap().at(q3a_api::kActuator)) {
+    const auto* t = static_cast<const actuator::ActuatorTuning*>(object);
+    SCOPED_TRACE(t->name);
+    const std::int32_t largest = t->codes[0];
+    EXPECT_GT(largest, 0);
+    EXPECT_EQ(largest & (largest + 1), 0);
+    ASSERT_FALSE(t->point_table.empty());
+    EXPECT_EQ(t->point_table.capacity(), t->point_table.size());
     EXPECT_EQ(t->point_table.back().code, t->codes[2]);
+    for (std::size_t i = 1; i < t->point_table.size(); ++i) {
+      EXPECT_LT(t->point_table[i - 1].code, t->point_table[i].code) << i;
+      EXPECT_LT(t->point_table[i - 1].position, t->point_table[i].position)
+          << i;
+    }
+    EXPECT_LE(t->point_table.back().code, largest);
   }
 }
 
@@ -142,23 +129,26 @@ std::vector<std::int32_t> UsedLevels(const qaf::QAFTuningStructure& af) {
   return levels;
 }
 
-TEST(AfTuning, LevelTables) {
-  using Levels = std::vector<std::int32_t>;
-  EXPECT_EQ(UsedLevels(*Af(1, 0)), (Levels{1, 2, 4, 8, 16}));
-  EXPECT_EQ(UsedLevels(*Af(3, 0)), (Levels{1, 2, 4, 8, 16, 32, 70}));
-  EXPECT_EQ(UsedLevels(*Af(1, 2)), (Levels{1, 2, 4, 8, 16, 64, 80, 100}));
-  EXPECT_EQ(std::memcmp(&Af(1, 2)->level_table, &Af(3, 2)->level_table,
-                        sizeof(qaf::QafLevelTable)),
-            0);
-
-  const qaf::QafLevelRow& row = Af(1, 0)->level_table[0];
-  EXPECT_EQ(row.level, 1);
-  EXPECT_EQ(row.step_minimum, 400);
-  EXPECT_EQ(row.step_maximum, 600);
-  EXPECT_EQ(row.step_gain, 1.0f);
-  EXPECT_EQ(
-      std::vector<std::int32_t>(std::begin(row.ranges), std::end(row.ranges)),
-      (std::vector<std::int32_t>{400, 600, 400, 600, 600, 750, 400, 600}));
+// Each table's used rows come first, with levels rising and every step
+// range ordered.
+TEST(AfTuning, LevelTablesRiseAndEndInUnusedRows) {
+  for (const auto& [key, object] :
+       *q3a_coordinator::GetTuningMap().at(q3a_api::kAf)) {
+    const auto& af = *static_cast<const qaf::QAFTuningStructure*>(object);
+    SCOPED_TRACE(af.name);
+    const std::vector<std::int32_t> levels = UsedLevels(af);
+    ASSERT_FALSE(levels.empty());
+    EXPECT_EQ(std::adjacent_find(levels.begin(), levels.end(),
+                                 std::greater_equal<>()),
+              levels.end());
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+      const qaf::QafLevelRow& row = af.level_table[i];
+      EXPECT_LE(row.step_minimum, row.step_maximum) << i;
+      for (std::size_t r = 0; r + 1 < std::size(row.ranges); r += 2) {
+        EXPECT_LE(row.ranges[r], row.ranges[r + 1]) << i << " range " << r;
+      }
+    }
+  }
 }
 
 TEST(AfTuning, ParameterTailEndsInFourHundredZeroBytes) {

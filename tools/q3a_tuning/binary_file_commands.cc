@@ -67,20 +67,6 @@ struct RestoreOptions {
   std::string output;
 };
 
-template <typename Record>
-void SetTable(MutableQAWBTuning& tuning, const Record* table) {
-  if constexpr (std::is_same_v<Record, qawb::QAWBBasicTuningTable>) {
-    tuning.SetBasicTuningTable(table);
-  } else if constexpr (std::is_same_v<Record, qawb::QAWBAdvanceTuningTable>) {
-    tuning.SetAdvanceTuningTable(table);
-  } else if constexpr (std::is_same_v<Record,
-                                      qawb::QAWBColorControlTuningTable>) {
-    tuning.SetColorControlTuningTable(table);
-  } else {
-    tuning.SetFeatureTuningTable(table);
-  }
-}
-
 int RunRestore(const RestoreOptions& options) {
   std::vector<std::string> inputs;
   for (const auto& [kind, path] : options.files) inputs.push_back(path);
@@ -93,10 +79,7 @@ int RunRestore(const RestoreOptions& options) {
   if (!options.key.empty()) {
     const auto fixed = RegisteredContainer(options.key);
     if (!fixed.ok()) return ReportError(fixed.error());
-    tuning->ReadFromTable((*fixed)->GetBasicTuningTable(),
-                          (*fixed)->GetAdvanceTuningTable(),
-                          (*fixed)->GetColorControlTuningTable(),
-                          (*fixed)->GetFeatureTuningTable());
+    qawb::CopyTables(**fixed, *tuning);
     base_name = "awb:" + options.key;
   } else if (!options.base.empty()) {
     if (auto error = ReadTuningBinaryFile(options.base, *tuning)) {
@@ -118,7 +101,7 @@ int RunRestore(const RestoreOptions& options) {
             if (auto failed = LoadTableFile(file->second, *format, *table)) {
               return failed;
             }
-            SetTable(*tuning, table.get());
+            qawb::SetTable(*tuning, table.get());
             return std::nullopt;
           });
       if (error) return ReportError(*error);

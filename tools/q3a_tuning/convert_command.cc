@@ -82,7 +82,7 @@ void AddConvertCommand(CLI::App& app, int& exit_code) {
   command->add_option("output", options->output, "Tuning file to write")
       ->required();
   command->add_option("--table", options->table,
-                      std::string(kTableNames) + " (guessed if omitted)");
+                      TableNames() + " (guessed if omitted)");
   command->add_option("--from", options->from,
                       "json or binary (from the extension if omitted)");
   command->add_option("--to", options->to,

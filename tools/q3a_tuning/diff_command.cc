@@ -141,7 +141,7 @@ void AddDiffCommand(CLI::App& app, int& exit_code) {
   command->add_option("old", options->a, "The first table")->required();
   command->add_option("new", options->b, "The second table")->required();
   command->add_option("--table", options->table,
-                      std::string(kTableNames) + " (guessed if omitted)");
+                      TableNames() + " (guessed if omitted)");
   command
       ->add_option("--tolerance", options->tolerance,
                    "Floats this close count as equal")

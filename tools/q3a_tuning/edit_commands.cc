@@ -145,7 +145,7 @@ void AddGetCommand(CLI::App& app, int& exit_code) {
                       "illuminant_weight_table.cct_list[3]")
       ->required();
   command->add_option("--table", options->table,
-                      std::string(kTableNames) + " (guessed if omitted)");
+                      TableNames() + " (guessed if omitted)");
   command->footer(
       "Example:\n  q3a-tuning get feature.json "
       "face_tuning_table.max_face_count");
@@ -167,7 +167,7 @@ void AddSetCommand(CLI::App& app, int& exit_code) {
   command->add_option("-o,--output", options->output,
                       "Write here instead of over the file");
   command->add_option("--table", options->table,
-                      std::string(kTableNames) + " (guessed if omitted)");
+                      TableNames() + " (guessed if omitted)");
   command->add_flag("--compact", options->compact,
                     "Write the compact form (see export)");
   command->footer(

@@ -5,11 +5,7 @@
 #include <string>
 #include <type_traits>
 
-#include "awb_records/qawb_advance_tuning_table.h"
-#include "awb_records/qawb_basic_tuning_table.h"
-#include "awb_records/qawb_color_control_tuning_table.h"
-#include "awb_records/qawb_feature_tuning_table.h"
-#include "awb_records/qawb_shared_records.h"
+#include "protomsg/internal/message_for.h"
 
 namespace q3a_tool {
 namespace {
@@ -46,10 +42,12 @@ FieldLimit LimitOf() {
 }
 
 template <typename Record>
-void AddRecord(const char* message, LimitMap& limits) {
+void AddRecord(LimitMap& limits) {
+  const std::string& message =
+      protomsg::internal::MessageFor<Record>::type::descriptor()->name();
   Record record{};
   ForEachField(record, [&](const char* name, const auto& field) {
-    limits[std::string(message) + "." + name] =
+    limits[message + "." + name] =
         LimitOf<std::remove_cvref_t<decltype(field)>>();
   });
 }
@@ -57,14 +55,8 @@ void AddRecord(const char* message, LimitMap& limits) {
 const LimitMap& Limits() {
   static const LimitMap* const limits = [] {
     auto* map = new LimitMap;
-#define Q3A_TOOL_ADD_RECORD(Record, Message, FIELDS) \
-  AddRecord<::qawb::Record>(#Message, *map);
-    QAWB_SHARED_RECORDS(Q3A_TOOL_ADD_RECORD)
-    QAWB_BASIC_TABLE_RECORDS(Q3A_TOOL_ADD_RECORD)
-    QAWB_ADVANCE_TABLE_RECORDS(Q3A_TOOL_ADD_RECORD)
-    QAWB_COLOR_CONTROL_TABLE_RECORDS(Q3A_TOOL_ADD_RECORD)
-    QAWB_FEATURE_TABLE_RECORDS(Q3A_TOOL_ADD_RECORD)
-#undef Q3A_TOOL_ADD_RECORD
+    qawb::ForEachType<qawb::AllRecords>(
+        [&]<typename Record>() { AddRecord<Record>(*map); });
     return map;
   }();
   return *limits;

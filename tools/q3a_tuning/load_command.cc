@@ -33,17 +33,8 @@ struct LoadOptions {
 
 // The setter the loader names in its DEBUG line for each table.
 std::string_view SetterName(TableKind kind) {
-  switch (kind) {
-    case TableKind::kBasic:
-      return "SetBasicTuningTable";
-    case TableKind::kAdvance:
-      return "SetAdvanceTuningTable";
-    case TableKind::kColor:
-      return "SetColorControlTuningTable";
-    case TableKind::kFeature:
-      break;
-  }
-  return "SetFeatureTuningTable";
+  return qawb::VisitTable(
+      kind, []<typename Record>() { return TableTraits<Record>::kSetterName; });
 }
 
 std::string_view SeverityLetter(android::base::LogSeverity severity) {
@@ -79,7 +70,7 @@ int RunLoad(const LoadOptions& options) {
       return ReportError(
           {fmt::format("'{}': expected TABLE=PATH with TABLE one of {} (the "
                        "loader would silently ignore any other name)",
-                       assignment, kTableNames),
+                       assignment, TableNames()),
            kExitUsage});
     }
     files[name] = assignment.substr(equals + 1);
@@ -150,9 +141,7 @@ int RunLoad(const LoadOptions& options) {
   }
   if (!options.output.empty()) {
     auto copy = std::make_unique<qawb::MutableQAWBTuning>();
-    copy->ReadFromTable(
-        result->GetBasicTuningTable(), result->GetAdvanceTuningTable(),
-        result->GetColorControlTuningTable(), result->GetFeatureTuningTable());
+    qawb::CopyTables(*result, *copy);
     if (auto error = WriteTuningBinaryFile(options.output, *copy, inputs)) {
       return ReportError(*error);
     }
@@ -170,9 +159,8 @@ void AddLoadCommand(CLI::App& app, int& exit_code) {
       "Run the override loader with JSON tuning files over a registered AWB "
       "container; print its DEBUG lines and where each table came from. "
       "A file the loader did not take gets a warning on stderr and exit 1.");
-  command->add_option(
-      "files", options->assignments,
-      std::string("TABLE=PATH, TABLE one of ") + kTableNames);
+  command->add_option("files", options->assignments,
+                      std::string("TABLE=PATH, TABLE one of ") + TableNames());
   command
       ->add_option("--key", options->key,
                    "Key of the registered AWB container to fall back to")

@@ -141,7 +141,7 @@ const qawb::QAWBTuning* FindAwbContainer(const TuningMap& registry,
 
 const void* TablePointer(const qawb::QAWBTuning& tuning, TableKind kind) {
   return VisitTableKind(kind, [&](auto type) -> const void* {
-    return TableTraits<typename decltype(type)::type>::Get(tuning);
+    return qawb::GetTable<typename decltype(type)::type>(tuning);
   });
 }
 

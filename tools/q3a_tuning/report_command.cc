@@ -66,8 +66,8 @@ void LintContainerTable(const Record& table, const std::string& source,
   typename TableTraits<Record>::Message message;
   protomsg::ConvertToMessage(table, message);
   for (const Finding& f : LintTableMessage(message)) {
-    data.findings.push_back({std::string(TableTraits<Record>::Base::kName),
-                             source, f.path + ": " + f.message});
+    data.findings.push_back({std::string(TableTraits<Record>::kName), source,
+                             f.path + ": " + f.message});
   }
 }
 
@@ -101,7 +101,7 @@ int RunReport(const ReportOptions& options) {
     const std::optional<ToolError> failure =
         VisitTableKind(kind, [&](auto type) -> std::optional<ToolError> {
           using Record = typename decltype(type)::type;
-          const Record* built_in = TableTraits<Record>::Get(container);
+          const Record* built_in = qawb::GetTable<Record>(container);
           if (built_in == nullptr) return std::nullopt;
           ReportSection section;
           section.id = std::string(TableName(kind));

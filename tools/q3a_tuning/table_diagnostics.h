@@ -40,13 +40,13 @@ std::optional<ToolError> LoadTableFile(const std::string& path,
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) return content.error();
   if (auto refused =
-          CheckTableFits(path, *content, format, TableTraits<Record>::kKind)) {
+          CheckTableFits(path, *content, format, TableTraits<Record>::kId)) {
     return refused;
   }
   auto scratch = MakeZeroedTable<Record>();
   if (!ReadTableFile(path, format, *scratch)) {
     return ToolError{
-        DescribeReadFailure(path, format, TableTraits<Record>::kKind)};
+        DescribeReadFailure(path, format, TableTraits<Record>::kId)};
   }
   table = *scratch;
   return std::nullopt;

@@ -67,35 +67,6 @@ std::string_view FileExtension(FileFormat format) {
   return format == FileFormat::kJson ? ".json" : ".pb";
 }
 
-bool ReadTableFile(const std::string& path, FileFormat format,
-                   qawb::QAWBBasicTuningTable& table) {
-  return format == FileFormat::kJson
-             ? protomsg::ReadQAWBBasicTuningTableWithJson(path, table)
-             : protomsg::ReadQAWBBasicTuningTableFromProtobuf(path, table);
-}
-
-bool ReadTableFile(const std::string& path, FileFormat format,
-                   qawb::QAWBAdvanceTuningTable& table) {
-  return format == FileFormat::kJson
-             ? protomsg::ReadQAWBAdvanceTuningTableWithJson(path, table)
-             : protomsg::ReadQAWBAdvanceTuningTableFromProtobuf(path, table);
-}
-
-bool ReadTableFile(const std::string& path, FileFormat format,
-                   qawb::QAWBColorControlTuningTable& table) {
-  return format == FileFormat::kJson
-             ? protomsg::ReadQAWBColorControlTuningTableWithJson(path, table)
-             : protomsg::ReadQAWBColorControlTuningTableFromProtobuf(path,
-                                                                     table);
-}
-
-bool ReadTableFile(const std::string& path, FileFormat format,
-                   qawb::QAWBFeatureTuningTable& table) {
-  return format == FileFormat::kJson
-             ? protomsg::ReadQAWBFeatureTuningTableWithJson(path, table)
-             : protomsg::ReadQAWBFeatureTuningTableFromProtobuf(path, table);
-}
-
 std::optional<ParseFailure> ParseTableMessage(std::string_view content,
                                               FileFormat format,
                                               Message& message) {
@@ -136,7 +107,7 @@ std::optional<ToolError> WriteTableFiles(const qawb::QAWBTuning& tuning,
     std::optional<ToolError> failed = VisitTableKind(
         kind, [&](auto type) -> std::optional<ToolError> {
           using Record = typename decltype(type)::type;
-          const Record* table = TableTraits<Record>::Get(tuning);
+          const Record* table = qawb::GetTable<Record>(tuning);
           if (table == nullptr) {
             return ToolError{fmt::format("{}: the container has no {} table",
                                          path, TableName(kind)),

@@ -32,14 +32,8 @@ std::string_view FileExtension(FileFormat format);
 
 // The library's reader for the record type and format; true on success, and
 // on false `table` is unchanged.
-bool ReadTableFile(const std::string& path, FileFormat format,
-                   qawb::QAWBBasicTuningTable& table);
-bool ReadTableFile(const std::string& path, FileFormat format,
-                   qawb::QAWBAdvanceTuningTable& table);
-bool ReadTableFile(const std::string& path, FileFormat format,
-                   qawb::QAWBColorControlTuningTable& table);
-bool ReadTableFile(const std::string& path, FileFormat format,
-                   qawb::QAWBFeatureTuningTable& table);
+template <typename Record>
+bool ReadTableFile(const std::string& path, FileFormat format, Record& table);
 
 // Writes `table` to `path` through the output routine (output_file.h): the
 // library's writer produces the temporary, which is read back with the

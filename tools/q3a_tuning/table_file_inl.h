@@ -23,6 +23,13 @@ std::unique_ptr<Record> MakeZeroedTable() {
 }
 
 template <typename Record>
+bool ReadTableFile(const std::string& path, FileFormat format, Record& table) {
+  return format == FileFormat::kJson
+             ? TableTraits<Record>::kReadJson(path, table)
+             : TableTraits<Record>::kReadProtobuf(path, table);
+}
+
+template <typename Record>
 std::optional<ToolError> WriteTableFile(const std::string& path,
                                         FileFormat format, const Record& table,
                                         std::span<const std::string> inputs,

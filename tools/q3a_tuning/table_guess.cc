@@ -185,9 +185,9 @@ std::string TableMismatch(std::string_view name, TableKind is,
 
 Result<TableKind> ParseTableOption(std::string_view text) {
   if (const std::optional<TableKind> kind = ParseTableKind(text)) return *kind;
-  return ToolError{fmt::format("--table: '{}' is not a table: use {}", text,
-                               kTableNames),
-                   kExitUsage};
+  return ToolError{
+      fmt::format("--table: '{}' is not a table: use {}", text, TableNames()),
+      kExitUsage};
 }
 
 Result<FileFormat> ResolveFormat(const std::string& path,

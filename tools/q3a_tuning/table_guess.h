@@ -26,8 +26,7 @@ struct TableGuess {
 
 TableGuess GuessTable(std::string_view content, FileFormat format);
 
-// The help text of every --table option and the error for a bad name.
-inline constexpr char kTableNames[] = "basic, advance, color or feature";
+// A --table option's table; a usage error naming the tables otherwise.
 Result<TableKind> ParseTableOption(std::string_view text);
 
 // The file's format from --from/--to text if given, else from the path.

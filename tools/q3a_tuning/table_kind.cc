@@ -5,24 +5,29 @@
 namespace q3a_tool {
 
 std::string_view TableName(TableKind kind) {
-  return VisitTableKind(kind, [](auto type) {
-    return TableTraits<typename decltype(type)::type>::kName;
-  });
+  return qawb::VisitTable(
+      kind, []<typename Record>() { return TableTraits<Record>::kName; });
 }
 
 std::optional<TableKind> ParseTableKind(std::string_view name) {
-  for (TableKind kind : kAllTableKinds) {
-    if (TableName(kind) == name) return kind;
+  return qawb::FindTable(name);
+}
+
+std::string TableNames() {
+  std::string names;
+  for (std::size_t i = 0; i < kAllTableKinds.size(); ++i) {
+    if (i > 0) names += i + 1 == kAllTableKinds.size() ? " or " : ", ";
+    names += TableName(kAllTableKinds[i]);
   }
-  return std::nullopt;
+  return names;
 }
 
 std::optional<qawb::QAWBParameterVersion> TableVersion(
     const qawb::QAWBTuning& tuning, TableKind kind) {
-  return VisitTableKind(
-      kind, [&](auto type) -> std::optional<qawb::QAWBParameterVersion> {
-        using Record = typename decltype(type)::type;
-        const Record* table = TableTraits<Record>::Get(tuning);
+  return qawb::VisitTable(
+      kind,
+      [&]<typename Record>() -> std::optional<qawb::QAWBParameterVersion> {
+        const Record* table = qawb::GetTable<Record>(tuning);
         if (table == nullptr) return std::nullopt;
         return table->version;
       });

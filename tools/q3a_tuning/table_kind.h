@@ -1,5 +1,7 @@
-// The four AWB tables as the tool names them, and a way to run one generic
-// function on the record type behind a name chosen at run time.
+// The four AWB tables as the tool handles them: a table chosen at run time
+// (TableKind), its name, and a way to run one generic function on the record
+// type behind it. Everything here derives from the table list
+// (awb_records/tuning_tables.h).
 #ifndef TOOLS_Q3A_TUNING_TABLE_KIND_H_
 #define TOOLS_Q3A_TUNING_TABLE_KIND_H_
 
@@ -8,17 +10,23 @@
 #include <string>
 #include <string_view>
 
-#include "libs_v4/qAWB/src/base/qawb_tuning.h"
+#include "awb_records/tuning_tables.h"
+#include "libs_v4/qAWB/src/base/table_access.h"
 #include "protomsg/tuning_table_traits.h"
 
 namespace q3a_tool {
 
-// In the order of the tuning binary file: basic first.
-enum class TableKind { kBasic, kAdvance, kColor, kFeature };
+// kBasic, kAdvance, kColor, kFeature: in the order of the tuning binary file.
+using TableKind = qawb::TableId;
 
-inline constexpr std::array<TableKind, 4> kAllTableKinds = {
-    TableKind::kBasic, TableKind::kAdvance, TableKind::kColor,
-    TableKind::kFeature};
+inline constexpr auto kAllTableKinds = [] {
+  std::array<TableKind, qawb::TuningTables::kSize> kinds{};
+  std::size_t next = 0;
+  qawb::ForEachTable([&]<typename Record>() {
+    kinds[next++] = qawb::TuningTable<Record>::kId;
+  });
+  return kinds;
+}();
 
 // "basic", "advance", "color", "feature": the loader's file map keys.
 std::string_view TableName(TableKind kind);
@@ -27,16 +35,12 @@ std::string_view TableName(TableKind kind);
 // the loader is).
 std::optional<TableKind> ParseTableKind(std::string_view name);
 
-// Static facts about one table record type: the library's description plus
-// the tool's name for it and a call of its container getter.
+// "basic, advance, color or feature", for messages and help texts.
+std::string TableNames();
+
+// Static facts about one table record type: its name, message and readers.
 template <typename Record>
-struct TableTraits : protomsg::TuningTableTraits<Record> {
-  using Base = protomsg::TuningTableTraits<Record>;
-  static constexpr TableKind kKind = static_cast<TableKind>(Base::kIndex);
-  static const Record* Get(const qawb::QAWBTuning& t) {
-    return (t.*Base::kGet)();
-  }
-};
+using TableTraits = protomsg::TuningTableTraits<Record>;
 
 // A value that carries only a record type, to pass types through lambdas.
 template <typename Record>
@@ -48,17 +52,8 @@ struct TableType {
 // its result.
 template <typename Fn>
 decltype(auto) VisitTableKind(TableKind kind, Fn&& fn) {
-  switch (kind) {
-    case TableKind::kBasic:
-      return fn(TableType<qawb::QAWBBasicTuningTable>{});
-    case TableKind::kAdvance:
-      return fn(TableType<qawb::QAWBAdvanceTuningTable>{});
-    case TableKind::kColor:
-      return fn(TableType<qawb::QAWBColorControlTuningTable>{});
-    case TableKind::kFeature:
-      break;
-  }
-  return fn(TableType<qawb::QAWBFeatureTuningTable>{});
+  return qawb::VisitTable(
+      kind, [&]<typename Record>() { return fn(TableType<Record>{}); });
 }
 
 // The version head of `kind`'s table in `tuning`, or nullopt when the

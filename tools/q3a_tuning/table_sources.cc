@@ -40,7 +40,7 @@ Result<TableOperand> ParseTableOperand(std::string_view text,
   auto table_of = [&](std::string_view name) -> Result<TableKind> {
     if (const auto kind = ParseTableKind(name)) return *kind;
     return ToolError{fmt::format("{}: '{}' is not a table: use {}",
-                                 operand.name, name, kTableNames),
+                                 operand.name, name, TableNames()),
                      kExitUsage};
   };
   std::string_view table_name;

@@ -44,7 +44,7 @@ template <typename Record>
 std::optional<ToolError> LoadOperand(const TableOperand& operand,
                                      Record& table) {
   if (operand.container != nullptr) {
-    const Record* source = TableTraits<Record>::Get(*operand.container);
+    const Record* source = qawb::GetTable<Record>(*operand.container);
     if (source == nullptr) {
       return ToolError{operand.name + ": the container has no such table"};
     }

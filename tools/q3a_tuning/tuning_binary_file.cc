@@ -16,7 +16,7 @@ std::string ExpectedDump(const qawb::QAWBTuning& tuning) {
   for (TableKind kind : kAllTableKinds) {
     VisitTableKind(kind, [&](auto type) {
       using Record = typename decltype(type)::type;
-      const Record* table = TableTraits<Record>::Get(tuning);
+      const Record* table = qawb::GetTable<Record>(tuning);
       bytes.append(reinterpret_cast<const char*>(table), sizeof(Record));
     });
   }

@@ -34,7 +34,7 @@ std::vector<Finding> LintReadTable(const Record& table, bool has_version,
     findings.push_back({"version", "the version is 0.0", "zero-version"});
   }
   const Record* reference =
-      built_in != nullptr ? TableTraits<Record>::Get(*built_in) : nullptr;
+      built_in != nullptr ? qawb::GetTable<Record>(*built_in) : nullptr;
   if (reference != nullptr &&
       (reference->version.major != version.major ||
        reference->version.minor != version.minor)) {

@@ -100,7 +100,7 @@ void AddValidateCommand(CLI::App& app, int& exit_code) {
   command->add_option("files", options->files, "Tuning files (.json, .pb)")
       ->required();
   command->add_option("--table", options->table,
-                      std::string(kTableNames) + " (guessed if omitted)");
+                      TableNames() + " (guessed if omitted)");
   command->add_option("--from", options->format,
                       "json or binary (from the extension if omitted)");
   command->add_option("--key", options->key,

@@ -6,7 +6,8 @@
 #include <cstring>
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
-#include "protomsg/tuning_files.h"
+#include "libs_v4/qAWB/src/base/table_access.h"
+#include "protomsg/tuning_table_traits.h"
 
 namespace q3a_coordinator {
 namespace {
@@ -14,7 +15,6 @@ namespace {
 constexpr char kLogTag[] = "Q3ACoordinator";
 
 using Files = std::unordered_map<std::string_view, std::string>;
-using LoadedFormat = fmt::format_string<const std::string&, unsigned, unsigned>;
 
 // Whatever a file leaves out reads as zero.
 template <typename Table>
@@ -38,7 +38,7 @@ void LoadTable(const Files& files, std::string_view key,
                bool (*read)(const std::string&, Table&),
                bool (qawb::MutableQAWBTuning::*set)(const Table*),
                const Table* (qawb::QAWBTuning::*get)() const,
-               LoadedFormat loaded_format, const qawb::QAWBTuning& fixed,
+               std::string_view setter, const qawb::QAWBTuning& fixed,
                qawb::MutableQAWBTuning& tuning) {
   const auto file = files.find(key);
   if (file == files.end()) {
@@ -58,8 +58,8 @@ void LoadTable(const Files& files, std::string_view key,
     android::base::LogMessage(__FILE__, __LINE__, android::base::DEBUG, kLogTag,
                               -1)
             .stream()
-        << fmt::format(loaded_format, path, unsigned{version.major},
-                       unsigned{version.minor});
+        << fmt::format("{} with file \"{}\". (Version:{}.{})", setter, path,
+                       unsigned{version.major}, unsigned{version.minor});
   }
 }
 
@@ -72,26 +72,12 @@ const qawb::QAWBTuning* LoadQawbTuningFromFile(const Files& files,
   static qawb::MutableQAWBTuning tuning;
   if (fixed == nullptr) return nullptr;
 
-  LoadTable(files, "advance", protomsg::ReadQAWBAdvanceTuningTableWithJson,
-            &qawb::MutableQAWBTuning::SetAdvanceTuningTable,
-            &qawb::QAWBTuning::GetAdvanceTuningTable,
-            "SetAdvanceTuningTable with file \"{}\". (Version:{}.{})", *fixed,
-            tuning);
-  LoadTable(files, "basic", protomsg::ReadQAWBBasicTuningTableWithJson,
-            &qawb::MutableQAWBTuning::SetBasicTuningTable,
-            &qawb::QAWBTuning::GetBasicTuningTable,
-            "SetBasicTuningTable with file \"{}\". (Version:{}.{})", *fixed,
-            tuning);
-  LoadTable(files, "color", protomsg::ReadQAWBColorControlTuningTableWithJson,
-            &qawb::MutableQAWBTuning::SetColorControlTuningTable,
-            &qawb::QAWBTuning::GetColorControlTuningTable,
-            "SetColorControlTuningTable with file \"{}\". (Version:{}.{})",
-            *fixed, tuning);
-  LoadTable(files, "feature", protomsg::ReadQAWBFeatureTuningTableWithJson,
-            &qawb::MutableQAWBTuning::SetFeatureTuningTable,
-            &qawb::QAWBTuning::GetFeatureTuningTable,
-            "SetFeatureTuningTable with file \"{}\". (Version:{}.{})", *fixed,
-            tuning);
+  qawb::ForEachTableInLoadOrder([&]<typename Table>() {
+    using Description = protomsg::TuningTableTraits<Table>;
+    LoadTable(files, Description::kName, Description::kReadJson,
+              qawb::TableAccess<Table>::kSet, qawb::TableAccess<Table>::kGet,
+              Description::kSetterName, *fixed, tuning);
+  });
   return &tuning;
 }
 

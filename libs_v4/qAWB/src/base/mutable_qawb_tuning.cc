@@ -27,6 +27,14 @@ constexpr const char* BaseName(const char* path) {
 
 constexpr const char* kSourceFileName = BaseName(__FILE__);
 
+// The setters' rule: a null table is refused, anything else copied whole.
+template <typename Table>
+bool CopyUnlessNull(const Table* table, Table& owned) {
+  if (table == nullptr) return false;
+  std::memcpy(&owned, table, sizeof(owned));
+  return true;
+}
+
 }  // namespace
 
 // Error lines carry no tag of their own, so liblog uses its default tag; the
@@ -67,30 +75,22 @@ const QAWBFeatureTuningTable* MutableQAWBTuning::GetFeatureTuningTable() const {
 }
 
 bool MutableQAWBTuning::SetBasicTuningTable(const QAWBBasicTuningTable* table) {
-  if (table == nullptr) return false;
-  std::memcpy(&basic_, table, sizeof(basic_));
-  return true;
+  return CopyUnlessNull(table, basic_);
 }
 
 bool MutableQAWBTuning::SetAdvanceTuningTable(
     const QAWBAdvanceTuningTable* table) {
-  if (table == nullptr) return false;
-  std::memcpy(&advance_, table, sizeof(advance_));
-  return true;
+  return CopyUnlessNull(table, advance_);
 }
 
 bool MutableQAWBTuning::SetColorControlTuningTable(
     const QAWBColorControlTuningTable* table) {
-  if (table == nullptr) return false;
-  std::memcpy(&color_control_, table, sizeof(color_control_));
-  return true;
+  return CopyUnlessNull(table, color_control_);
 }
 
 bool MutableQAWBTuning::SetFeatureTuningTable(
     const QAWBFeatureTuningTable* table) {
-  if (table == nullptr) return false;
-  std::memcpy(&feature_, table, sizeof(feature_));
-  return true;
+  return CopyUnlessNull(table, feature_);
 }
 
 bool MutableQAWBTuning::ReadFromTable(

@@ -9,7 +9,8 @@
 #include <string>
 
 #include "protomsg/tuning_files.h"
-#include "tests/hardening/file_bytes.h"
+#include "tests/files/basic_table_read.h"
+#include "tests/support/file_bytes.h"
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
 
@@ -67,19 +68,12 @@ class ProtobufTuningFileTest : public testing::TestWithParam<ProtobufCase> {};
 
 TEST_P(ProtobufTuningFileTest, GivesTheExpectedResult) {
   const ProtobufCase& protobuf_case = GetParam();
-  q3a_test::ScopedTempDir dir;
-  q3a_test::WriteFileBytes(dir.File("basic.pb"), protobuf_case.bytes);
-  auto table = q3a_test::MakeRecord<QAWBBasicTuningTable>(6);
-  const auto before = std::make_unique<QAWBBasicTuningTable>(*table);
-
-  ASSERT_EQ(protomsg::ReadQAWBBasicTuningTableFromProtobuf(dir.File("basic.pb"),
-                                                           *table),
-            protobuf_case.accepted);
-  if (protobuf_case.accepted) {
-    EXPECT_EQ(table->initial_cct, protobuf_case.initial_cct);
-  } else {
-    EXPECT_TRUE(SameBytes(*table, *before)) << "rejected file changed it";
-  }
+  q3a_test::ExpectBasicTableRead(
+      protomsg::ReadQAWBBasicTuningTableFromProtobuf, protobuf_case.bytes, 6,
+      protobuf_case.accepted,
+      [&](const QAWBBasicTuningTable& after, const QAWBBasicTuningTable&) {
+        EXPECT_EQ(after.initial_cct, protobuf_case.initial_cct);
+      });
 }
 
 INSTANTIATE_TEST_SUITE_P(BasicTable, ProtobufTuningFileTest,
@@ -97,7 +91,7 @@ TEST(ProtobufTuningFile, DeepUnknownGroupsAreRejected) {
   std::string bytes;
   for (int i = 0; i < 100000; ++i) bytes += open_group;
   for (int i = 0; i < 100000; ++i) bytes += close_group;
-  q3a_test::WriteFileBytes(dir.File("deep.pb"), bytes);
+  q3a_test::WriteFile(dir.File("deep.pb"), bytes);
   auto table = q3a_test::MakeRecord<QAWBBasicTuningTable>(7);
   const auto before = std::make_unique<QAWBBasicTuningTable>(*table);
 

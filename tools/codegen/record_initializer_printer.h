@@ -3,8 +3,8 @@
 // library as constant data. Fields are walked generically through the records'
 // field lists; zero fields are left out (designated initialisers zero them)
 // and floats are printed as hexadecimal literals, which are exact.
-#ifndef TOOLS_RECORD_INITIALIZER_PRINTER_H_
-#define TOOLS_RECORD_INITIALIZER_PRINTER_H_
+#ifndef TOOLS_CODEGEN_RECORD_INITIALIZER_PRINTER_H_
+#define TOOLS_CODEGEN_RECORD_INITIALIZER_PRINTER_H_
 
 #include <cmath>
 #include <cstddef>
@@ -16,7 +16,7 @@
 #include "awb_records/qawb_shared_records.h"
 #include "awb_records/record_description.h"
 
-namespace q3a_tools {
+namespace q3a_codegen {
 namespace internal {
 
 template <typename T>
@@ -113,6 +113,6 @@ bool AppendInitializer(std::string& out, const Record& record) {
   return internal::AppendValue(out, record, 0);
 }
 
-}  // namespace q3a_tools
+}  // namespace q3a_codegen
 
-#endif  // TOOLS_RECORD_INITIALIZER_PRINTER_H_
+#endif  // TOOLS_CODEGEN_RECORD_INITIALIZER_PRINTER_H_

@@ -5,14 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "protomsg/record_conversions.h"
-#include "tests/hardening/file_bytes.h"
+#include "tests/support/file_bytes.h"
 #include "tests/support/scoped_temp_dir.h"
 
 namespace {
@@ -21,9 +19,7 @@ TEST(RawTableConversion, BoolBytesOtherThanZeroOrOneConvertToTrue) {
   q3a_test::ScopedTempDir dir;
   qawb::MutableQAWBTuning tuning;
   tuning.WriteToFile(dir.File("tables.bin"));
-  std::ifstream in(dir.File("tables.bin"), std::ios::binary);
-  std::string bytes((std::istreambuf_iterator<char>(in)),
-                    std::istreambuf_iterator<char>());
+  std::string bytes = q3a_test::ReadFile(dir.File("tables.bin"));
   ASSERT_EQ(bytes.size(), qawb::MutableQAWBTuning::kTuningBinaryFileSize);
   // The basic table comes first in the file.
   constexpr std::size_t kMasks =
@@ -32,7 +28,7 @@ TEST(RawTableConversion, BoolBytesOtherThanZeroOrOneConvertToTrue) {
   bytes[kMasks] = '\x02';
   bytes[kMasks + 1] = '\xff';
   bytes[kMasks + 2] = '\x00';
-  q3a_test::WriteFileBytes(dir.File("tables.bin"), bytes);
+  q3a_test::WriteFile(dir.File("tables.bin"), bytes);
   ASSERT_TRUE(tuning.ReadFromFile(dir.File("tables.bin")));
 
   qawb::tuning::QAWBBasicTuningTable message;

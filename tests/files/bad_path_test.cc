@@ -9,10 +9,11 @@
 #include <vector>
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
-#include "protomsg/tuning_files.h"
-#include "tests/hardening/file_bytes.h"
+#include "protomsg/tuning_table_traits.h"
+#include "tests/support/file_bytes.h"
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
+#include "tests/support/tuning_bytes.h"
 
 namespace {
 
@@ -26,59 +27,36 @@ struct Reader {
   std::function<std::string()> bytes;
 };
 
-template <typename Table>
-std::string BytesOf(const Table& table) {
-  return std::string(reinterpret_cast<const char*>(&table), sizeof(Table));
-}
-
-template <typename Table>
-void AddTableReaders(const std::string& table_name,
-                     bool (*read_json)(const std::string&, Table&),
-                     bool (*read_protobuf)(const std::string&, Table&),
-                     int seed, std::vector<Reader>& readers) {
-  std::shared_ptr<Table> table = MakeRecord<Table>(seed);
-  auto bytes = [table] { return BytesOf(*table); };
-  readers.push_back({table_name + "Json",
-                     [table, read_json](const std::string& path) {
-                       return read_json(path, *table);
-                     },
-                     bytes});
-  readers.push_back({table_name + "Protobuf",
-                     [table, read_protobuf](const std::string& path) {
-                       return read_protobuf(path, *table);
-                     },
-                     bytes});
-}
-
+// Both readers of every table, then the container's tuning binary file.
 std::vector<Reader> AllReaders() {
   std::vector<Reader> readers;
-  AddTableReaders<qawb::QAWBBasicTuningTable>(
-      "Basic", protomsg::ReadQAWBBasicTuningTableWithJson,
-      protomsg::ReadQAWBBasicTuningTableFromProtobuf, 1, readers);
-  AddTableReaders<qawb::QAWBAdvanceTuningTable>(
-      "Advance", protomsg::ReadQAWBAdvanceTuningTableWithJson,
-      protomsg::ReadQAWBAdvanceTuningTableFromProtobuf, 2, readers);
-  AddTableReaders<qawb::QAWBColorControlTuningTable>(
-      "ColorControl", protomsg::ReadQAWBColorControlTuningTableWithJson,
-      protomsg::ReadQAWBColorControlTuningTableFromProtobuf, 3, readers);
-  AddTableReaders<qawb::QAWBFeatureTuningTable>(
-      "Feature", protomsg::ReadQAWBFeatureTuningTableWithJson,
-      protomsg::ReadQAWBFeatureTuningTableFromProtobuf, 4, readers);
-
+  qawb::ForEachTable([&]<typename Table>() {
+    using Traits = protomsg::TuningTableTraits<Table>;
+    std::shared_ptr<Table> table =
+        MakeRecord<Table>(1 + static_cast<int>(Traits::kId));
+    auto bytes = [table] { return q3a_test::BytesOf(*table); };
+    const std::string name(Traits::kName);
+    readers.push_back({name + "_json",
+                       [table](const std::string& path) {
+                         return Traits::kReadJson(path, *table);
+                       },
+                       bytes});
+    readers.push_back({name + "_protobuf",
+                       [table](const std::string& path) {
+                         return Traits::kReadProtobuf(path, *table);
+                       },
+                       bytes});
+  });
   auto tuning = std::make_shared<qawb::MutableQAWBTuning>();
   readers.push_back(
-      {"TuningBinaryFile",
+      {"tuning_binary_file",
        [tuning](const std::string& path) { return tuning->ReadFromFile(path); },
-       [tuning] {
-         return BytesOf(*tuning->GetBasicTuningTable()) +
-                BytesOf(*tuning->GetAdvanceTuningTable()) +
-                BytesOf(*tuning->GetColorControlTuningTable()) +
-                BytesOf(*tuning->GetFeatureTuningTable());
-       }});
+       [tuning] { return q3a_test::TableBytes(*tuning); }});
   return readers;
 }
 
-constexpr int kReaderCount = 9;
+constexpr int kReaderCount =
+    2 * static_cast<int>(qawb::TuningTables::kSize) + 1;
 
 // A path that names no readable file, made inside `dir`.
 struct BadPath {
@@ -97,7 +75,7 @@ const BadPath kBadPaths[] = {
     // A regular file used as a directory: the open fails with ENOTDIR.
     {"UnderRegularFile",
      [](const auto& dir) {
-       q3a_test::WriteFileBytes(dir.File("plain"), "{}");
+       q3a_test::WriteFile(dir.File("plain"), "{}");
        return dir.File("plain/table");
      }},
 };

@@ -2,8 +2,8 @@
 //
 //   q3a-qawb-table-gen MANIFEST SOURCE_DIR OUT_DIR
 //
-// MANIFEST lists one constant table a line: its kind (basic, advance,
-// color_control or feature), its qualified C++ name and its JSON tuning file
+// MANIFEST lists one constant table a line: its table (basic, advance,
+// color or feature), its qualified C++ name and its JSON tuning file
 // relative to SOURCE_DIR; '#' starts a comment. Each file is read with the
 // library's own JSON reader over a zeroed record, and the record is printed as
 // a constexpr aggregate: OUT_DIR gets one source per table, named after the
@@ -15,42 +15,39 @@
 #include <cstdio>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
-#include "protomsg/tuning_files.h"
-#include "tools/record_initializer_printer.h"
+#include "awb_records/tuning_tables.h"
+#include "protomsg/tuning_table_traits.h"
+#include "tools/codegen/record_initializer_printer.h"
 
+namespace q3a_codegen {
 namespace {
 
 struct ManifestEntry {
   int line = 0;
-  std::string kind;
+  qawb::TableId table;
   std::string name;  // qualified, e.g. qawb::built_in::kMainStillBasic
   std::string source;
 };
 
-struct Kind {
-  const char* name;
-  const char* record_type;
-  const char* header;
-};
+std::string TableNames() {
+  std::string names;
+  qawb::ForEachTable([&]<typename Record>() {
+    names += (names.empty() ? "" : ", ") +
+             std::string(qawb::TuningTable<Record>::kName);
+  });
+  return names;
+}
 
-constexpr Kind kKinds[] = {
-    {"basic", "QAWBBasicTuningTable", "qawb_basic_tuning_table.h"},
-    {"advance", "QAWBAdvanceTuningTable", "qawb_advance_tuning_table.h"},
-    {"color_control", "QAWBColorControlTuningTable",
-     "qawb_color_control_tuning_table.h"},
-    {"feature", "QAWBFeatureTuningTable", "qawb_feature_tuning_table.h"},
-};
-
-const Kind* FindKind(const std::string& name) {
-  for (const Kind& kind : kKinds) {
-    if (name == kind.name) return &kind;
-  }
-  return nullptr;
+std::string_view RecordName(qawb::TableId table) {
+  return qawb::VisitTable(table, []<typename Record>() {
+    return qawb::TuningTable<Record>::kRecordName;
+  });
 }
 
 std::string ReadText(const std::string& path, bool& ok) {
@@ -74,16 +71,18 @@ bool ParseManifest(const std::string& path,
     std::istringstream fields(text);
     ManifestEntry entry;
     entry.line = line;
-    if (!(fields >> entry.kind)) continue;
+    std::string table;
+    if (!(fields >> table)) continue;
     std::string extra;
-    if (!(fields >> entry.name >> entry.source) || fields >> extra ||
-        FindKind(entry.kind) == nullptr) {
+    const std::optional<qawb::TableId> id = qawb::FindTable(table);
+    if (!(fields >> entry.name >> entry.source) || fields >> extra || !id) {
       std::fprintf(stderr,
-                   "%s:%d: expected 'KIND NAME SOURCE' with KIND one of "
-                   "basic, advance, color_control, feature\n",
-                   path.c_str(), line);
+                   "%s:%d: expected 'TABLE NAME SOURCE' with TABLE one of "
+                   "%s\n",
+                   path.c_str(), line, TableNames().c_str());
       return false;
     }
+    entry.table = *id;
     entries.push_back(entry);
   }
   return true;
@@ -91,60 +90,37 @@ bool ParseManifest(const std::string& path,
 
 // The reader reports only success, so on failure the file is parsed again
 // with the same options to tell why.
-std::string WhyNotReadable(const std::string& path, const std::string& kind) {
+template <typename Record>
+std::string WhyNotReadable(const std::string& path) {
   bool ok = false;
   const std::string text = ReadText(path, ok);
   if (!ok) return "cannot be read";
   if (text.empty()) return "is empty";
   google::protobuf::util::JsonParseOptions options;
   options.ignore_unknown_fields = false;
-  std::unique_ptr<google::protobuf::Message> message;
-  if (kind == "basic")
-    message = std::make_unique<qawb::tuning::QAWBBasicTuningTable>();
-  if (kind == "advance")
-    message = std::make_unique<qawb::tuning::QAWBAdvanceTuningTable>();
-  if (kind == "color_control")
-    message = std::make_unique<qawb::tuning::QAWBColorControlTuningTable>();
-  if (kind == "feature")
-    message = std::make_unique<qawb::tuning::QAWBFeatureTuningTable>();
+  typename protomsg::TuningTableTraits<Record>::Message message;
   const auto status =
-      google::protobuf::util::JsonStringToMessage(text, message.get(), options);
+      google::protobuf::util::JsonStringToMessage(text, &message, options);
   return status.ok() ? "was rejected by the reader"
-                     : "is not a valid " + kind +
+                     : "is not a valid " +
+                           std::string(qawb::TuningTable<Record>::kName) +
                            " table: " + std::string(status.message());
-}
-
-template <typename Table>
-bool ReadTable(bool (*read)(const std::string&, Table&),
-               const std::string& path, std::string& initializer) {
-  auto table = std::make_unique<Table>();  // value-initialised: all zero
-  if (!read(path, *table)) return false;
-  return q3a_tools::AppendInitializer(initializer, *table);
 }
 
 // Reads one source into an initialiser; false with a message on error.
 bool Generate(const ManifestEntry& entry, const std::string& path,
               std::string& initializer) {
-  bool ok = false;
-  if (entry.kind == "basic") {
-    ok = ReadTable(&protomsg::ReadQAWBBasicTuningTableWithJson, path,
-                   initializer);
-  } else if (entry.kind == "advance") {
-    ok = ReadTable(&protomsg::ReadQAWBAdvanceTuningTableWithJson, path,
-                   initializer);
-  } else if (entry.kind == "color_control") {
-    ok = ReadTable(&protomsg::ReadQAWBColorControlTuningTableWithJson, path,
-                   initializer);
-  } else {
-    ok = ReadTable(&protomsg::ReadQAWBFeatureTuningTableWithJson, path,
-                   initializer);
-  }
-  if (!ok) {
+  return qawb::VisitTable(entry.table, [&]<typename Record>() {
+    auto table = std::make_unique<Record>();  // value-initialised: all zero
+    if (protomsg::TuningTableTraits<Record>::kReadJson(path, *table) &&
+        AppendInitializer(initializer, *table)) {
+      return true;
+    }
     std::fprintf(stderr, "%s: error: %s\n", path.c_str(),
-                 initializer.empty() ? WhyNotReadable(path, entry.kind).c_str()
+                 initializer.empty() ? WhyNotReadable<Record>(path).c_str()
                                      : "holds a float that is NaN or infinite");
-  }
-  return ok;
+    return false;
+  });
 }
 
 // "a::b::kName" -> namespace "a::b", identifier "kName".
@@ -175,15 +151,12 @@ std::string Header(const std::vector<ManifestEntry>& entries) {
       "files.\n"
       "#ifndef TUNING_QAWB_BUILT_IN_QAWB_TABLES_H_\n"
       "#define TUNING_QAWB_BUILT_IN_QAWB_TABLES_H_\n\n";
-  for (const Kind& kind : kKinds) {
-    out += std::string("#include \"awb_records/") + kind.header + "\"\n";
-  }
-  out += '\n';
+  out += "#include \"awb_records/tuning_tables.h\"\n\n";
   for (const ManifestEntry& entry : entries) {
     std::string space, id;
     SplitName(entry.name, space, id);
     out += "namespace " + space +
-           " {\nextern const ::qawb::" + FindKind(entry.kind)->record_type +
+           " {\nextern const ::qawb::" + std::string(RecordName(entry.table)) +
            " " + id + ";  // " + entry.source + "\n}\n";
   }
   out += "\n#endif  // TUNING_QAWB_BUILT_IN_QAWB_TABLES_H_\n";
@@ -198,13 +171,12 @@ std::string Source(const ManifestEntry& entry, const std::string& initializer) {
          "#include \"tuning/qawb/built_in_qawb_tables.h\"\n\n"
          "namespace " +
          space +
-         " {\n\nconstexpr ::qawb::" + FindKind(entry.kind)->record_type + " " +
-         id + " = " + initializer + ";\n\n}  // namespace " + space + "\n";
+         " {\n\nconstexpr ::qawb::" + std::string(RecordName(entry.table)) +
+         " " + id + " = " + initializer + ";\n\n}  // namespace " + space +
+         "\n";
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int Main(int argc, char** argv) {
   if (argc != 4) {
     std::fprintf(stderr,
                  "usage: q3a-qawb-table-gen MANIFEST SOURCE_DIR OUT_DIR\n");
@@ -231,3 +203,8 @@ int main(int argc, char** argv) {
   }
   return ok ? 0 : 1;
 }
+
+}  // namespace
+}  // namespace q3a_codegen
+
+int main(int argc, char** argv) { return q3a_codegen::Main(argc, argv); }

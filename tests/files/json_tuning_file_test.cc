@@ -12,7 +12,8 @@
 #include <vector>
 
 #include "protomsg/tuning_files.h"
-#include "tests/hardening/file_bytes.h"
+#include "tests/files/basic_table_read.h"
+#include "tests/support/file_bytes.h"
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
 
@@ -21,10 +22,7 @@ namespace {
 using q3a_test::SameBytes;
 using qawb::QAWBBasicTuningTable;
 
-// What an accepted file must have left: `after` is the table read into,
-// `before` a copy of it from before the read.
-using Check = std::function<void(const QAWBBasicTuningTable& after,
-                                 const QAWBBasicTuningTable& before)>;
+using Check = q3a_test::BasicTableCheck;
 
 struct JsonCase {
   const char* name;
@@ -185,19 +183,9 @@ class JsonTuningFileTest : public testing::TestWithParam<JsonCase> {};
 
 TEST_P(JsonTuningFileTest, GivesTheExpectedResult) {
   const JsonCase& json_case = GetParam();
-  q3a_test::ScopedTempDir dir;
-  q3a_test::WriteFileBytes(dir.File("basic.json"), json_case.text);
-  auto table = q3a_test::MakeRecord<QAWBBasicTuningTable>(5);
-  const auto before = std::make_unique<QAWBBasicTuningTable>(*table);
-
-  ASSERT_EQ(protomsg::ReadQAWBBasicTuningTableWithJson(dir.File("basic.json"),
-                                                       *table),
-            json_case.accepted);
-  if (json_case.accepted) {
-    json_case.check(*table, *before);
-  } else {
-    EXPECT_TRUE(SameBytes(*table, *before)) << "rejected file changed it";
-  }
+  q3a_test::ExpectBasicTableRead(protomsg::ReadQAWBBasicTuningTableWithJson,
+                                 json_case.text, 5, json_case.accepted,
+                                 json_case.check);
 }
 
 INSTANTIATE_TEST_SUITE_P(BasicTable, JsonTuningFileTest,
@@ -213,8 +201,7 @@ TEST(JsonTuningFileRoundTrip, MinusZeroComesBackAsPlusZero) {
   auto table = q3a_test::MakeRecord<QAWBBasicTuningTable>(5);
   table->initial_gain.r_gain = -0.0f;
   protomsg::SaveTuningTableWithJson(dir.File("basic.json"), *table);
-  EXPECT_NE(q3a_test::ReadFileBytes(dir.File("basic.json"))
-                .find(R"("r_gain": -0,)"),
+  EXPECT_NE(q3a_test::ReadFile(dir.File("basic.json")).find(R"("r_gain": -0,)"),
             std::string::npos);
 
   ASSERT_TRUE(protomsg::ReadQAWBBasicTuningTableWithJson(dir.File("basic.json"),
