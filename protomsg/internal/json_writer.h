@@ -41,20 +41,21 @@ inline char* PrintFloat(float value, char* out) {
     return value > 0 ? std::strcpy(out, "\"Infinity\"") + 10
                      : std::strcpy(out, "\"-Infinity\"") + 11;
   }
-  // Printed as a double by %g; the float converts exactly.
+  // Printed as a double by %g; the float converts exactly. Protobuf's
+  // check of the short form reads it with strtof and takes any underflow
+  // report as a failure, which a subnormal's short form always gets.
   const double wide = value;
-  char* end =
-      std::to_chars(out, out + kMaxFloatText, wide, std::chars_format::general,
-                    6)
-          .ptr;
-  float back;
-  const auto parsed = std::from_chars(out, end, back);
-  if (parsed.ec != std::errc() || back != value) {
-    end = std::to_chars(out, out + kMaxFloatText, wide,
-                        std::chars_format::general, 9)
-              .ptr;
+  if (std::fpclassify(value) != FP_SUBNORMAL) {
+    char* end = std::to_chars(out, out + kMaxFloatText, wide,
+                              std::chars_format::general, 6)
+                    .ptr;
+    float back;
+    const auto parsed = std::from_chars(out, end, back);
+    if (parsed.ec == std::errc() && back == value) return end;
   }
-  return end;
+  return std::to_chars(out, out + kMaxFloatText, wide,
+                       std::chars_format::general, 9)
+      .ptr;
 }
 
 // The schema's name of a frame-summary message value.
