@@ -82,7 +82,8 @@ std::string RandomNumber(FuzzedDataProvider& script) {
   std::string text = script.ConsumeBool() ? "-" : "";
   const int digits = script.ConsumeIntegralInRange(1, 24);
   for (int i = 0; i < digits; ++i) {
-    text += static_cast<char>('0' + script.ConsumeIntegralInRange(i == 0 ? 1 : 0, 9));
+    text += static_cast<char>('0' +
+                              script.ConsumeIntegralInRange(i == 0 ? 1 : 0, 9));
   }
   if (script.ConsumeBool()) {
     text += '.';
@@ -107,29 +108,52 @@ std::string RespellFloat(float value, std::uint8_t pick,
   const double wide = value;
   const double up = std::nextafter(value, std::numeric_limits<float>::max());
   switch (pick % 24) {
-    case 0: return Printf("%.17g", wide);
-    case 1: return Printf("%.9e", wide);
-    case 2: return Printf("%.0f", std::trunc(wide));
-    case 3: return Printf("%.25g", (wide + up) / 2);  // halfway to the next
-    case 4: return "-0";
-    case 5: return "-0.0";
-    case 6: return "0e5";
-    case 7: return "3.4028235e38";
-    case 8: return "3.4028236e38";
-    case 9: return "-3.40282357e+38";
-    case 10: return "1e400";
-    case 11: return "1e-46";
-    case 12: return "7.006e-46";
-    case 13: return "9007199254740993";
-    case 14: return "-18446744073709551616";
-    case 15: return "\"" + Printf("%.9g", wide) + "\"";
-    case 16: return "\"NaN\"";
-    case 17: return "\"-Infinity\"";
-    case 18: return "1.";
-    case 19: return "01";
-    case 20: return "16777217";
-    case 21: return "1E+2";
-    default: return RandomNumber(script);
+    case 0:
+      return Printf("%.17g", wide);
+    case 1:
+      return Printf("%.9e", wide);
+    case 2:
+      return Printf("%.0f", std::trunc(wide));
+    case 3:
+      return Printf("%.25g", (wide + up) / 2);  // halfway to the next
+    case 4:
+      return "-0";
+    case 5:
+      return "-0.0";
+    case 6:
+      return "0e5";
+    case 7:
+      return "3.4028235e38";
+    case 8:
+      return "3.4028236e38";
+    case 9:
+      return "-3.40282357e+38";
+    case 10:
+      return "1e400";
+    case 11:
+      return "1e-46";
+    case 12:
+      return "7.006e-46";
+    case 13:
+      return "9007199254740993";
+    case 14:
+      return "-18446744073709551616";
+    case 15:
+      return "\"" + Printf("%.9g", wide) + "\"";
+    case 16:
+      return "\"NaN\"";
+    case 17:
+      return "\"-Infinity\"";
+    case 18:
+      return "1.";
+    case 19:
+      return "01";
+    case 20:
+      return "16777217";
+    case 21:
+      return "1E+2";
+    default:
+      return RandomNumber(script);
   }
 }
 
@@ -137,35 +161,59 @@ std::string RespellInteger(std::int32_t value, std::uint8_t pick,
                            FuzzedDataProvider& script) {
   const std::string plain = std::to_string(value);
   switch (pick % 16) {
-    case 0: return plain + ".0";
-    case 1: return plain + "e0";
-    case 2: return plain + ".5";
-    case 3: return "\"" + plain + "\"";
-    case 4: return "2147483647";
-    case 5: return "2147483648";
-    case 6: return "-2147483648";
-    case 7: return "-2147483649";
-    case 8: return "-0";
-    case 9: return "1e2";
-    case 10: return "4294967296";
-    case 11: return "00";
-    case 12: return "true";
-    default: return RandomNumber(script);
+    case 0:
+      return plain + ".0";
+    case 1:
+      return plain + "e0";
+    case 2:
+      return plain + ".5";
+    case 3:
+      return "\"" + plain + "\"";
+    case 4:
+      return "2147483647";
+    case 5:
+      return "2147483648";
+    case 6:
+      return "-2147483648";
+    case 7:
+      return "-2147483649";
+    case 8:
+      return "-0";
+    case 9:
+      return "1e2";
+    case 10:
+      return "4294967296";
+    case 11:
+      return "00";
+    case 12:
+      return "true";
+    default:
+      return RandomNumber(script);
   }
 }
 
 std::string RespellOther(const std::string& canonical, std::uint8_t pick) {
   switch (pick % 10) {
-    case 0: return "\"true\"";
-    case 1: return "1";
-    case 2: return "\"kQAWBFrameSummaryTypeGrey\"";
-    case 3: return "\"kqawbframesummarytypegrey\"";
-    case 4: return "3";
-    case 5: return "\"\\u006bQAWBFrameSummaryTypeFace\"";
-    case 6: return "\"kQAWBFrameSummaryTypeNone\"";
-    case 7: return "\"3\"";
-    case 8: return "false";
-    default: return canonical;
+    case 0:
+      return "\"true\"";
+    case 1:
+      return "1";
+    case 2:
+      return "\"kQAWBFrameSummaryTypeGrey\"";
+    case 3:
+      return "\"kqawbframesummarytypegrey\"";
+    case 4:
+      return "3";
+    case 5:
+      return "\"\\u006bQAWBFrameSummaryTypeFace\"";
+    case 6:
+      return "\"kQAWBFrameSummaryTypeNone\"";
+    case 7:
+      return "\"3\"";
+    case 8:
+      return "false";
+    default:
+      return canonical;
   }
 }
 
@@ -179,8 +227,9 @@ class Emitter {
         script_(script),
         newline_(std::move(newline)),
         indent_(std::move(indent)) {
-    std::sort(mutations_.begin(), mutations_.end(),
-              [](const Mutation& a, const Mutation& b) { return a.node < b.node; });
+    std::sort(
+        mutations_.begin(), mutations_.end(),
+        [](const Mutation& a, const Mutation& b) { return a.node < b.node; });
   }
 
   std::uint32_t nodes() const { return node_; }
@@ -274,11 +323,16 @@ class Emitter {
     if (mutation->kind == kNull) return "null";
     if (mutation->kind == kWrongType) {
       switch (mutation->param % 5) {
-        case 0: return "true";
-        case 1: return "\"x\"";
-        case 2: return "[]";
-        case 3: return "{}";
-        default: return "[" + text + "]";
+        case 0:
+          return "true";
+        case 1:
+          return "\"x\"";
+        case 2:
+          return "[]";
+        case 3:
+          return "{}";
+        default:
+          return "[" + text + "]";
       }
     }
     return text;
@@ -363,8 +417,8 @@ std::string MakeText(const Table& source, FuzzedDataProvider& script) {
   const int pick = script.ConsumeIntegralInRange(0, kFields);
   const int only = pick == kFields ? -1 : pick;
   static const std::pair<const char*, const char*> kStyles[] = {
-      {"\n", " "}, {"", ""}, {" ", ""}, {"\r\n", "\t"}, {"\n", "  "},
-      {"\v", ""},  {"\f", " "}};
+      {"\n", " "},  {"", ""},   {" ", ""},  {"\r\n", "\t"},
+      {"\n", "  "}, {"\v", ""}, {"\f", " "}};
   const auto& style = kStyles[script.ConsumeIntegralInRange<std::size_t>(
       0, std::size(kStyles) - 1)];
 
@@ -372,8 +426,8 @@ std::string MakeText(const Table& source, FuzzedDataProvider& script) {
   (void)counter.Object(source, 0, only);
   std::vector<Mutation> mutations(script.ConsumeIntegralInRange(0, 8));
   for (Mutation& mutation : mutations) {
-    mutation.node = script.ConsumeIntegralInRange<std::uint32_t>(
-        0, counter.nodes() - 1);
+    mutation.node =
+        script.ConsumeIntegralInRange<std::uint32_t>(0, counter.nodes() - 1);
     mutation.kind = static_cast<MutationKind>(
         script.ConsumeIntegralInRange<int>(0, kKindCount - 1));
     mutation.param = script.ConsumeIntegral<std::uint8_t>();
@@ -388,10 +442,18 @@ std::string MakeText(const Table& source, FuzzedDataProvider& script) {
         script.ConsumeIntegralInRange<std::size_t>(0, text.size() - 1);
     const char byte = script.ConsumeIntegral<char>();
     switch (script.ConsumeIntegralInRange(0, 3)) {
-      case 0: text.insert(at, 1, byte); break;
-      case 1: text[at] = byte; break;
-      case 2: text.erase(at, 1); break;
-      default: text += script.ConsumeBool() ? "{}" : "x"; break;
+      case 0:
+        text.insert(at, 1, byte);
+        break;
+      case 1:
+        text[at] = byte;
+        break;
+      case 2:
+        text.erase(at, 1);
+        break;
+      default:
+        text += script.ConsumeBool() ? "{}" : "x";
+        break;
     }
   }
   return text;
@@ -410,7 +472,8 @@ const Table& Source() {
       if constexpr (std::is_array_v<Field>) {
         for (auto& element : field) self(self, element);
       } else if constexpr (qawb::DescribedRecord<Field>) {
-        ForEachField(field, [&](const char*, auto& member) { self(self, member); });
+        ForEachField(field,
+                     [&](const char*, auto& member) { self(self, member); });
       } else if constexpr (protomsg::internal::kIsFrameSummary<Field>) {
         field = static_cast<Field>(next++ % 11 - 1);
       } else if constexpr (std::is_same_v<Field, bool>) {
@@ -448,7 +511,8 @@ void CheckTable(FuzzedDataProvider& script, const Table& start) {
 
   Check(ok == parsed, "reader and protobuf disagree on acceptance");
   Check(std::memcmp(read.get(), expected.get(), sizeof(Table)) == 0,
-        ok ? "read record differs from protobuf's" : "failed read changed the table");
+        ok ? "read record differs from protobuf's"
+           : "failed read changed the table");
 }
 
 }  // namespace

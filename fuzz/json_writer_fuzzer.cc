@@ -33,7 +33,8 @@ void CheckRecord(std::string_view bytes) {
   auto record = std::make_unique<Record>();
   auto* raw = reinterpret_cast<unsigned char*>(record.get());
   for (std::size_t i = 0; i < sizeof(Record); ++i) {
-    raw[i] = bytes.empty() ? 0 : static_cast<unsigned char>(bytes[i % bytes.size()]);
+    raw[i] =
+        bytes.empty() ? 0 : static_cast<unsigned char>(bytes[i % bytes.size()]);
   }
 
   std::string text;

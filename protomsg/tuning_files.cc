@@ -114,8 +114,8 @@ void SaveJson(const std::string& path, const Table& table) {
 template <typename Table>
 bool ReadJsonThroughProtobuf(std::string_view text, Table& table) {
   std::string bytes;
-  if (!util::JsonToBinaryString(GeneratedTypeResolver(), TypeUrl<Table>(),
-                                text, &bytes, TuningFileParseOptions())
+  if (!util::JsonToBinaryString(GeneratedTypeResolver(), TypeUrl<Table>(), text,
+                                &bytes, TuningFileParseOptions())
            .ok()) {
     return false;
   }

@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
+#include "protomsg/internal/json_options.h"
 #include "protomsg/tuning_files.h"
 #include "tools/record_initializer_printer.h"
 
@@ -96,8 +97,6 @@ std::string WhyNotReadable(const std::string& path, const std::string& kind) {
   const std::string text = ReadText(path, ok);
   if (!ok) return "cannot be read";
   if (text.empty()) return "is empty";
-  google::protobuf::util::JsonParseOptions options;
-  options.ignore_unknown_fields = false;
   std::unique_ptr<google::protobuf::Message> message;
   if (kind == "basic")
     message = std::make_unique<qawb::tuning::QAWBBasicTuningTable>();
@@ -107,8 +106,8 @@ std::string WhyNotReadable(const std::string& path, const std::string& kind) {
     message = std::make_unique<qawb::tuning::QAWBColorControlTuningTable>();
   if (kind == "feature")
     message = std::make_unique<qawb::tuning::QAWBFeatureTuningTable>();
-  const auto status =
-      google::protobuf::util::JsonStringToMessage(text, message.get(), options);
+  const auto status = google::protobuf::util::JsonStringToMessage(
+      text, message.get(), protomsg::internal::TuningFileParseOptions());
   return status.ok() ? "was rejected by the reader"
                      : "is not a valid " + kind +
                            " table: " + std::string(status.message());

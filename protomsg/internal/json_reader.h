@@ -96,8 +96,8 @@ class JsonRecordReader {
     // The writer's order is tried first: `next` is the field after the
     // previous key's.
     std::size_t Find(std::string_view key, std::size_t next) const {
-      if (next < entries.size() && (entries[next].name == key ||
-                                    entries[next].json_name == key)) {
+      if (next < entries.size() &&
+          (entries[next].name == key || entries[next].json_name == key)) {
         return next;
       }
       for (std::size_t i = 0; i < entries.size(); ++i) {
@@ -270,8 +270,7 @@ bool ReadCanonicalJson(ondemand::parser& parser,
                        simdjson::padded_string_view text, Record& record) {
   ondemand::document document;
   ondemand::object object;
-  if (parser.iterate(text).get(document) ||
-      document.get_object().get(object) ||
+  if (parser.iterate(text).get(document) || document.get_object().get(object) ||
       !JsonRecordReader::ReadObject(object, record)) {
     return false;
   }

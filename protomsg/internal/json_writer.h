@@ -164,9 +164,9 @@ class JsonPrinter {
       std::size_t longest = 0;
       for (int v = 0; v <= qawb::tuning::QAWBFrameSummaryType_MAX; ++v) {
         longest = std::max(
-            longest, FrameSummaryName(
-                         static_cast<qawb::tuning::QAWBFrameSummaryType>(v))
-                         .size());
+            longest,
+            FrameSummaryName(static_cast<qawb::tuning::QAWBFrameSummaryType>(v))
+                .size());
       }
       return longest + 2;
     } else if constexpr (std::is_same_v<Element, float>) {
@@ -186,10 +186,10 @@ class JsonPrinter {
       using Element = std::remove_all_extents_t<Field>;
       size += 2 + static_cast<std::size_t>(depth + 1) + std::strlen(name) + 4;
       if constexpr (std::is_array_v<Field>) {
-        size += 4 + static_cast<std::size_t>(depth + 1) +
-                kFlatCapacity<Field> *
-                    (2 + static_cast<std::size_t>(depth + 2) +
-                     ElementBound<Element>(depth + 2));
+        size +=
+            4 + static_cast<std::size_t>(depth + 1) +
+            kFlatCapacity<Field> * (2 + static_cast<std::size_t>(depth + 2) +
+                                    ElementBound<Element>(depth + 2));
       } else {
         size += ElementBound<Element>(depth + 1);
       }

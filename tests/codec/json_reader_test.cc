@@ -2,6 +2,8 @@
 // certain) must agree with protobuf's JsonStringToMessage followed by
 // ConvertToStruct on whatever the text holds, in whatever order, and the
 // forms people commonly write must not need protobuf's path.
+#include "protomsg/internal/json_reader.h"
+
 #include <google/protobuf/util/json_util.h>
 #include <gtest/gtest.h>
 #include <simdjson.h>
@@ -11,7 +13,6 @@
 #include <string>
 
 #include "protomsg/internal/json_options.h"
-#include "protomsg/internal/json_reader.h"
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_files.h"
 #include "tests/support/record_values.h"
@@ -91,7 +92,8 @@ INSTANTIATE_TEST_SUITE_P(
                      {"special_color_group_list": [{"weight": "NaN"}]}})"},
         JsonCase{"integer_with_fraction", R"({"version": {"major": 1.0}})"},
         JsonCase{"integer_with_exponent", R"({"version": {"major": 1e2}})"},
-        JsonCase{"integer_fraction_not_whole", R"({"version": {"major": 1.5}})"},
+        JsonCase{"integer_fraction_not_whole",
+                 R"({"version": {"major": 1.5}})"},
         JsonCase{"integer_at_limits",
                  R"({"version": {"major": -2147483648, "minor": 2147483647}})"},
         JsonCase{"integer_past_limit", R"({"version": {"minor": 2147483648}})"},
@@ -132,10 +134,12 @@ INSTANTIATE_TEST_SUITE_P(
     Texts, DirectJsonReader,
     ::testing::Values(
         JsonCase{"empty_object", "{}"},
-        JsonCase{"compact_reordered_camel_case",
-                 R"({"specialColorTuningTable":{"enableFlag":1},"version":{"minor":2,"major":3}})"},
+        JsonCase{
+            "compact_reordered_camel_case",
+            R"({"specialColorTuningTable":{"enableFlag":1},"version":{"minor":2,"major":3}})"},
         JsonCase{"floats_in_every_json_form",
-                 "{\"special_color_tuning_table\":\r\n\t{\"special_color_group_list\": "
+                 "{\"special_color_tuning_table\":\r\n\t{\"special_color_group_"
+                 "list\": "
                  R"([{"weight": 1}, {"weight": -2.5e-3}, {"weight": 0.1E+1},
                      {"weight": -0}, {"weight": 123456789}]}})"},
         JsonCase{"more_groups_than_capacity",
