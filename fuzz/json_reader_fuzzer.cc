@@ -20,6 +20,7 @@
 #include <limits>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -102,12 +103,36 @@ std::string RandomNumber(FuzzedDataProvider& script) {
   return text;
 }
 
-// Spellings of a float value, protobuf's edges and plain mistakes among them.
+// Other spellings of a value, space-separated: protobuf's edges and plain
+// mistakes. Past the fixed ones, a random number.
+constexpr std::string_view kFloatSpellings =
+    "-0 -0.0 0e5 3.4028235e38 3.4028236e38 1e400 1e-46 7.006e-46 "
+    "-3.40282357e+38 9007199254740993 -18446744073709551616 \"NaN\" "
+    "\"-Infinity\" 1. 01 16777217 1E+2";
+constexpr std::string_view kIntegerSpellings =
+    "2147483647 2147483648 -2147483648 -2147483649 -0 1e2 4294967296 00 true";
+constexpr std::string_view kOtherSpellings =
+    "\"true\" 1 false 3 \"3\" \"kQAWBFrameSummaryTypeGrey\" "
+    "\"kqawbframesummarytypegrey\" \"\\u006bQAWBFrameSummaryTypeFace\" "
+    "\"kQAWBFrameSummaryTypeNone\"";
+
+std::string Spelling(std::string_view spellings, std::size_t index,
+                     FuzzedDataProvider& script) {
+  std::size_t start = 0;
+  for (; index > 0 && start != std::string_view::npos; --index) {
+    start = spellings.find(' ', start);
+    if (start != std::string_view::npos) ++start;
+  }
+  if (start == std::string_view::npos) return RandomNumber(script);
+  return std::string(
+      spellings.substr(start, spellings.find(' ', start) - start));
+}
+
 std::string RespellFloat(float value, std::uint8_t pick,
                          FuzzedDataProvider& script) {
   const double wide = value;
   const double up = std::nextafter(value, std::numeric_limits<float>::max());
-  switch (pick % 24) {
+  switch (pick % 32) {
     case 0:
       return Printf("%.17g", wide);
     case 1:
@@ -117,43 +142,9 @@ std::string RespellFloat(float value, std::uint8_t pick,
     case 3:
       return Printf("%.25g", (wide + up) / 2);  // halfway to the next
     case 4:
-      return "-0";
-    case 5:
-      return "-0.0";
-    case 6:
-      return "0e5";
-    case 7:
-      return "3.4028235e38";
-    case 8:
-      return "3.4028236e38";
-    case 9:
-      return "-3.40282357e+38";
-    case 10:
-      return "1e400";
-    case 11:
-      return "1e-46";
-    case 12:
-      return "7.006e-46";
-    case 13:
-      return "9007199254740993";
-    case 14:
-      return "-18446744073709551616";
-    case 15:
       return "\"" + Printf("%.9g", wide) + "\"";
-    case 16:
-      return "\"NaN\"";
-    case 17:
-      return "\"-Infinity\"";
-    case 18:
-      return "1.";
-    case 19:
-      return "01";
-    case 20:
-      return "16777217";
-    case 21:
-      return "1E+2";
     default:
-      return RandomNumber(script);
+      return Spelling(kFloatSpellings, pick % 32 - 5, script);
   }
 }
 
@@ -169,51 +160,8 @@ std::string RespellInteger(std::int32_t value, std::uint8_t pick,
       return plain + ".5";
     case 3:
       return "\"" + plain + "\"";
-    case 4:
-      return "2147483647";
-    case 5:
-      return "2147483648";
-    case 6:
-      return "-2147483648";
-    case 7:
-      return "-2147483649";
-    case 8:
-      return "-0";
-    case 9:
-      return "1e2";
-    case 10:
-      return "4294967296";
-    case 11:
-      return "00";
-    case 12:
-      return "true";
     default:
-      return RandomNumber(script);
-  }
-}
-
-std::string RespellOther(const std::string& canonical, std::uint8_t pick) {
-  switch (pick % 10) {
-    case 0:
-      return "\"true\"";
-    case 1:
-      return "1";
-    case 2:
-      return "\"kQAWBFrameSummaryTypeGrey\"";
-    case 3:
-      return "\"kqawbframesummarytypegrey\"";
-    case 4:
-      return "3";
-    case 5:
-      return "\"\\u006bQAWBFrameSummaryTypeFace\"";
-    case 6:
-      return "\"kQAWBFrameSummaryTypeNone\"";
-    case 7:
-      return "\"3\"";
-    case 8:
-      return "false";
-    default:
-      return canonical;
+      return Spelling(kIntegerSpellings, pick % 16 - 4, script);
   }
 }
 
@@ -310,7 +258,7 @@ class Emitter {
           text = RespellInteger(static_cast<std::int32_t>(field),
                                 mutation->param, script_);
         } else {
-          text = RespellOther(text, mutation->param);
+          text = Spelling(kOtherSpellings, mutation->param % 9, script_);
         }
       }
       return Finish(mutation, std::move(text));
