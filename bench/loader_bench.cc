@@ -1,13 +1,17 @@
 #include <google/protobuf/arena.h>
 #include <google/protobuf/util/json_util.h>
 
+#include <cstring>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
 #include "bench/bench_tables.h"
-#include "bench/protobuf_options.h"
 #include "bench/registration.h"
+#include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "protomsg/internal/json_options.h"
+#include "protomsg/record_conversions.h"
 #include "tuning/qawb/load_qawb_tuning_from_file.h"
 
 namespace q3a_bench {
@@ -28,6 +32,42 @@ std::unordered_map<std::string_view, std::string> WriteFiles(Content content) {
     files[TableTraits<Table>::kName] = path;
   });
   return files;
+}
+
+using protomsg::internal::TuningFileParseOptions;
+
+void Store(const qawb::QAWBBasicTuningTable& table,
+           qawb::MutableQAWBTuning& tuning) {
+  tuning.SetBasicTuningTable(&table);
+}
+void Store(const qawb::QAWBAdvanceTuningTable& table,
+           qawb::MutableQAWBTuning& tuning) {
+  tuning.SetAdvanceTuningTable(&table);
+}
+void Store(const qawb::QAWBColorControlTuningTable& table,
+           qawb::MutableQAWBTuning& tuning) {
+  tuning.SetColorControlTuningTable(&table);
+}
+void Store(const qawb::QAWBFeatureTuningTable& table,
+           qawb::MutableQAWBTuning& tuning) {
+  tuning.SetFeatureTuningTable(&table);
+}
+
+// What the loader does for one file on protobuf's path: a zeroed scratch
+// record, the file's text, JsonStringToMessage, ConvertToStruct, and the
+// copy into the container.
+template <typename Table>
+void LoadThroughProtobuf(const std::string& path, Table& scratch,
+                         qawb::MutableQAWBTuning& tuning) {
+  std::memset(static_cast<void*>(&scratch), 0, sizeof(Table));
+  typename TableTraits<Table>::Message message;
+  if (!util::JsonStringToMessage(ReadFile(path), &message,
+                                 TuningFileParseOptions())
+           .ok()) {
+    return;
+  }
+  protomsg::ConvertToStruct(message, scratch);
+  Store(scratch, tuning);
 }
 
 template <typename Table>
@@ -54,6 +94,21 @@ void RegisterFor(Content content) {
     for (auto _ : state) {
       benchmark::DoNotOptimize(
           q3a_coordinator::LoadQawbTuningFromFile(files, fixed));
+    }
+  });
+
+  // The same loader with protobuf's JSON path in place of the direct one.
+  Register("loader_protobuf_path" + suffix, [content](benchmark::State& state) {
+    const auto files = WriteFiles(content);
+    qawb::MutableQAWBTuning tuning;
+    for (auto _ : state) {
+      ForEachTableAndContent([&]<typename Table>(Content each) {
+        if (each != content) return;
+        auto scratch = std::make_unique<Table>();
+        LoadThroughProtobuf(files.at(TableTraits<Table>::kName), *scratch,
+                            tuning);
+      });
+      benchmark::DoNotOptimize(&tuning);
     }
   });
 

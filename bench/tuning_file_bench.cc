@@ -6,8 +6,8 @@
 #include <string>
 
 #include "bench/bench_tables.h"
-#include "bench/protobuf_options.h"
 #include "bench/registration.h"
+#include "protomsg/internal/json_options.h"
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_files.h"
 
@@ -16,6 +16,8 @@ namespace {
 
 using google::protobuf::Arena;
 namespace util = google::protobuf::util;
+using protomsg::internal::TuningFileParseOptions;
+using protomsg::internal::TuningFilePrintOptions;
 
 template <typename Table>
 std::string FilePath(const char* kind, Content content) {
@@ -31,8 +33,41 @@ std::unique_ptr<typename TableTraits<Table>::Message> MessageOf(
   return message;
 }
 
+// Plain file I/O of given bytes, the part of the writers and readers that
+// protobuf's own calls leave out.
+void PlainWrite(const std::string& path, const std::string& bytes) {
+  std::FILE* file = std::fopen(path.c_str(), "wb");
+  std::fwrite(bytes.data(), 1, bytes.size(), file);
+  std::fclose(file);
+}
+
+void RegisterPlainFileIo(const std::string& write_name,
+                         const std::string& read_name, std::string path,
+                         std::string bytes) {
+  Register(write_name, [path, bytes](benchmark::State& state) {
+    for (auto _ : state) PlainWrite(path, bytes);
+  });
+  Register(read_name, [path, bytes](benchmark::State& state) {
+    PlainWrite(path, bytes);
+    std::string buffer(bytes.size(), '\0');
+    for (auto _ : state) {
+      std::FILE* file = std::fopen(path.c_str(), "rb");
+      benchmark::DoNotOptimize(
+          std::fread(buffer.data(), 1, buffer.size(), file));
+      std::fclose(file);
+    }
+  });
+}
+
 template <typename Table>
 void RegisterJson(Content content) {
+  {
+    const std::string path = FilePath<Table>("plain.json", content);
+    protomsg::SaveTuningTableWithJson(path, TableContent<Table>(content));
+    RegisterPlainFileIo(BenchmarkName<Table>("file_write_json", content),
+                        BenchmarkName<Table>("file_read_json", content), path,
+                        ReadFile(path));
+  }
   using Message = typename TableTraits<Table>::Message;
 
   Register(BenchmarkName<Table>("json_write", content),
@@ -110,37 +145,10 @@ void RegisterBinary(Content content) {
              }
            });
 
-  // Plain file I/O of the same bytes, the part of the writer and reader
-  // that protobuf's own calls leave out.
-  Register(BenchmarkName<Table>("file_write", content),
-           [content](benchmark::State& state) {
-             const std::string bytes =
-                 MessageOf<Table>(content)->SerializeAsString();
-             const std::string path = FilePath<Table>("plain.pb", content);
-             for (auto _ : state) {
-               std::FILE* file = std::fopen(path.c_str(), "wb");
-               std::fwrite(bytes.data(), 1, bytes.size(), file);
-               std::fclose(file);
-             }
-           });
-  Register(BenchmarkName<Table>("file_read", content),
-           [content](benchmark::State& state) {
-             const std::string bytes =
-                 MessageOf<Table>(content)->SerializeAsString();
-             const std::string path = FilePath<Table>("plain.pb", content);
-             {
-               std::FILE* file = std::fopen(path.c_str(), "wb");
-               std::fwrite(bytes.data(), 1, bytes.size(), file);
-               std::fclose(file);
-             }
-             std::string buffer(bytes.size(), '\0');
-             for (auto _ : state) {
-               std::FILE* file = std::fopen(path.c_str(), "rb");
-               benchmark::DoNotOptimize(
-                   std::fread(buffer.data(), 1, buffer.size(), file));
-               std::fclose(file);
-             }
-           });
+  RegisterPlainFileIo(BenchmarkName<Table>("file_write", content),
+                      BenchmarkName<Table>("file_read", content),
+                      FilePath<Table>("plain.pb", content),
+                      MessageOf<Table>(content)->SerializeAsString());
 
   // The binary reader's lower bound is the parse benchmark of the
   // conversion group, on the same bytes.

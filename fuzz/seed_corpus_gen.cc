@@ -21,6 +21,7 @@
 #include "libs_v4/qAWB/src/base/fixed_qawb_tuning.h"
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "libs_v4/qAWB/src/base/table_access.h"
+#include "protomsg/internal/json_options.h"
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_files.h"
 #include "protomsg/tuning_table_traits.h"
@@ -75,10 +76,6 @@ class SeedWriter {
     const char selector = Selector<Table>();
     Message whole;
     protomsg::ConvertToMessage(table, whole);
-    google::protobuf::util::JsonPrintOptions options;
-    options.add_whitespace = true;
-    options.always_print_primitive_fields = true;
-    options.preserve_proto_field_names = true;
     const auto* descriptor = whole.GetDescriptor();
     const auto* reflection = whole.GetReflection();
     for (int keep = 0; keep < descriptor->field_count(); ++keep) {
@@ -87,7 +84,8 @@ class SeedWriter {
         if (f != keep) reflection->ClearField(&part, descriptor->field(f));
       }
       std::string json;
-      if (!google::protobuf::util::MessageToJsonString(part, &json, options)
+      if (!google::protobuf::util::MessageToJsonString(
+               part, &json, protomsg::internal::TuningFilePrintOptions())
                .ok()) {
         continue;
       }

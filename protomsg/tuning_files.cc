@@ -1,49 +1,36 @@
 #include "protomsg/tuning_files.h"
 
-#include <fcntl.h>
 #include <google/protobuf/descriptor.h>
-#include <google/protobuf/io/zero_copy_stream_impl.h>
-#include <google/protobuf/io/zero_copy_stream_impl_lite.h>
 #include <google/protobuf/util/json_util.h>
 #include <google/protobuf/util/type_resolver.h>
 #include <google/protobuf/util/type_resolver_util.h>
+#include <simdjson.h>
 #include <sys/stat.h>
 
 #include <cstdio>
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "protomsg/internal/json_options.h"
+#include "protomsg/internal/json_reader.h"
+#include "protomsg/internal/json_writer.h"
 #include "protomsg/internal/wire_decoder.h"
 #include "protomsg/internal/wire_encoder.h"
 
-// The files go straight between the record and the wire format. Protobuf's
-// JSON functions print from and parse to wire bytes themselves (its
-// message-based JSON calls only serialise or parse a message around them),
-// so a message tree is built only for a binary input the decoder leaves to
-// protobuf's parser.
+// The files go straight between the record and their text or wire bytes.
+// JSON text the direct reader is not certain about goes to protobuf's JSON
+// transcoder, which parses it to wire bytes (its message-based JSON calls
+// only parse a message around those), and on to the wire decoder; a message
+// tree is built only for wire bytes the decoder leaves to protobuf's parser.
 namespace protomsg {
 namespace {
 
-namespace io = google::protobuf::io;
 namespace util = google::protobuf::util;
+using internal::TuningFileParseOptions;
 
 constexpr char kTypeUrlPrefix[] = "type.googleapis.com";
-
-util::JsonPrintOptions TuningFilePrintOptions() {
-  util::JsonPrintOptions options;
-  options.add_whitespace = true;
-  options.always_print_primitive_fields = true;
-  options.always_print_enums_as_ints = false;
-  options.preserve_proto_field_names = true;
-  return options;
-}
-
-util::JsonParseOptions TuningFileParseOptions() {
-  util::JsonParseOptions options;
-  options.ignore_unknown_fields = false;
-  options.case_insensitive_enum_parsing = false;
-  return options;
-}
 
 // The schema's types for the JSON functions, as protobuf resolves them for
 // generated messages. Made once and kept for the life of the process.
@@ -73,11 +60,14 @@ void WriteFile(const std::string& path, const char* mode,
   std::fclose(file);
 }
 
-// The whole content of `path`, or nothing if it cannot be opened or read
-// (a directory, say). The size the file system reports only sizes the first
-// read; reading goes on to the end of the stream, so files whose size is not
-// known up front still read whole.
-std::optional<std::string> ReadFile(const std::string& path, const char* mode) {
+// Reads the whole content of `path` into `buffer`, followed by at least
+// `padding` bytes of slack, and returns its size; nothing if it cannot be
+// opened or read (a directory, say). The buffer's memory is reused. The size
+// the file system reports only sizes the first read; reading goes on to the
+// end of the stream, so files whose size is not known up front still read
+// whole.
+std::optional<std::size_t> ReadFile(const std::string& path, const char* mode,
+                                    std::size_t padding, std::string& buffer) {
   std::FILE* file = std::fopen(path.c_str(), mode);
   if (file == nullptr) return std::nullopt;
   std::setvbuf(file, nullptr, _IONBF, 0);
@@ -86,49 +76,46 @@ std::optional<std::string> ReadFile(const std::string& path, const char* mode) {
   if (fstat(fileno(file), &status) == 0 && status.st_size > 0) {
     expected = static_cast<std::size_t>(status.st_size);
   }
-  std::string content;
   std::size_t size = 0;
-  content.resize(expected + 1);
+  buffer.resize(expected + 1 + padding);
   while (true) {
-    size += std::fread(content.data() + size, 1, content.size() - size, file);
-    if (size < content.size()) break;
-    content.resize(content.size() * 2);
+    const std::size_t room = buffer.size() - padding;
+    size += std::fread(buffer.data() + size, 1, room - size, file);
+    if (size < room) break;
+    buffer.resize(2 * buffer.size());
   }
   const bool failed = std::ferror(file) != 0;
   std::fclose(file);
   if (failed) return std::nullopt;
-  content.resize(size);
-  return content;
+  return size;
+}
+
+// What each thread's JSON reads reuse: simdjson's parser with its index
+// buffers, and the text buffer with the padding simdjson reads past the end.
+struct JsonReadBuffers {
+  simdjson::ondemand::parser parser;
+  std::string text;
+};
+
+JsonReadBuffers& ThreadJsonReadBuffers() {
+  thread_local JsonReadBuffers buffers;
+  return buffers;
 }
 
 template <typename Table>
 void SaveJson(const std::string& path, const Table& table) {
-  const std::string bytes = internal::EncodeRecord(table);
-  const int fd =
-      open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (fd < 0) return;
-  // Large blocks keep the printed text to a few writes.
-  io::FileOutputStream out(fd, 64 << 10);
-  io::ArrayInputStream in(bytes.data(), static_cast<int>(bytes.size()));
-  // A failed print still writes whatever text it produced.
-  (void)util::BinaryToJsonStream(GeneratedTypeResolver(), TypeUrl<Table>(), &in,
-                                 &out, TuningFilePrintOptions());
-  out.Close();
+  std::string text;
+  internal::PrintJson(table, text);
+  WriteFile(path, "w", text);
 }
 
+// Protobuf's JSON parse of `text`, then the wire decoder; `table` changes
+// only on success.
 template <typename Table>
-void SaveProtobuf(const std::string& path, const Table& table) {
-  WriteFile(path, "wb", internal::EncodeRecord(table));
-}
-
-template <typename Table>
-bool ReadJson(const std::string& path, Table& table) {
-  if (path.empty()) return false;
-  const std::optional<std::string> text = ReadFile(path, "r");
-  if (!text.has_value() || text->empty()) return false;
+bool ReadJsonThroughProtobuf(std::string_view text, Table& table) {
   std::string bytes;
-  if (!util::JsonToBinaryString(GeneratedTypeResolver(), TypeUrl<Table>(),
-                                *text, &bytes, TuningFileParseOptions())
+  if (!util::JsonToBinaryString(GeneratedTypeResolver(), TypeUrl<Table>(), text,
+                                &bytes, TuningFileParseOptions())
            .ok()) {
     return false;
   }
@@ -136,11 +123,40 @@ bool ReadJson(const std::string& path, Table& table) {
 }
 
 template <typename Table>
+void SaveProtobuf(const std::string& path, const Table& table) {
+  WriteFile(path, "wb", internal::EncodeRecord(table));
+}
+
+// The direct reader decodes into a copy of `table`, which replaces `table`
+// only if it succeeds; otherwise protobuf's path decides.
+template <typename Table>
+bool ReadJson(const std::string& path, Table& table) {
+  if (path.empty()) return false;
+  JsonReadBuffers& buffers = ThreadJsonReadBuffers();
+  const std::optional<std::size_t> size =
+      ReadFile(path, "r", simdjson::SIMDJSON_PADDING, buffers.text);
+  if (!size.has_value() || *size == 0) return false;
+  auto scratch = std::make_unique<Table>(table);
+  if (internal::ReadCanonicalJson(
+          buffers.parser,
+          simdjson::padded_string_view(buffers.text.data(), *size,
+                                       buffers.text.size()),
+          *scratch)) {
+    table = *scratch;
+    return true;
+  }
+  return ReadJsonThroughProtobuf(std::string_view(buffers.text.data(), *size),
+                                 table);
+}
+
+template <typename Table>
 bool ReadProtobuf(const std::string& path, Table& table) {
   if (path.empty()) return false;
   // A file that cannot be opened fails; a 0-byte file is an empty message.
-  const std::optional<std::string> bytes = ReadFile(path, "rb");
-  return bytes.has_value() && internal::DecodeRecord(*bytes, table);
+  std::string bytes;
+  const std::optional<std::size_t> size = ReadFile(path, "rb", 0, bytes);
+  return size.has_value() &&
+         internal::DecodeRecord(std::string_view(bytes.data(), *size), table);
 }
 
 }  // namespace

@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "awb_records/tuning_tables.h"
+#include "protomsg/internal/json_options.h"
 #include "protomsg/tuning_table_traits.h"
 #include "tools/codegen/record_initializer_printer.h"
 
@@ -96,11 +97,9 @@ std::string WhyNotReadable(const std::string& path) {
   const std::string text = ReadText(path, ok);
   if (!ok) return "cannot be read";
   if (text.empty()) return "is empty";
-  google::protobuf::util::JsonParseOptions options;
-  options.ignore_unknown_fields = false;
   typename protomsg::TuningTableTraits<Record>::Message message;
-  const auto status =
-      google::protobuf::util::JsonStringToMessage(text, &message, options);
+  const auto status = google::protobuf::util::JsonStringToMessage(
+      text, &message, protomsg::internal::TuningFileParseOptions());
   return status.ok() ? "was rejected by the reader"
                      : "is not a valid " +
                            std::string(qawb::TuningTable<Record>::kName) +

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "protomsg/internal/json_options.h"
 #include "protomsg/tuning_files.h"
 
 namespace q3a_tool {
@@ -17,21 +18,11 @@ bool EndsWith(std::string_view text, std::string_view suffix) {
          text.substr(text.size() - suffix.size()) == suffix;
 }
 
-// The library's options for tuning files, for the tool's own reads and
-// writes of them.
-google::protobuf::util::JsonParseOptions TuningFileParseOptions() {
-  google::protobuf::util::JsonParseOptions options;
-  options.ignore_unknown_fields = false;
-  options.case_insensitive_enum_parsing = false;
-  return options;
-}
-
+// The library's print options for tuning files; the compact form leaves
+// default values out.
 google::protobuf::util::JsonPrintOptions TuningFilePrintOptions(bool full) {
-  google::protobuf::util::JsonPrintOptions options;
-  options.add_whitespace = true;
+  auto options = protomsg::internal::TuningFilePrintOptions();
   options.always_print_primitive_fields = full;
-  options.always_print_enums_as_ints = false;
-  options.preserve_proto_field_names = true;
   return options;
 }
 
@@ -81,7 +72,8 @@ std::optional<ParseFailure> ParseTableMessage(std::string_view content,
   }
   if (content.empty()) return ParseFailure{"the file is empty"};
   const auto status = google::protobuf::util::JsonStringToMessage(
-      std::string(content), &message, TuningFileParseOptions());
+      std::string(content), &message,
+      protomsg::internal::TuningFileParseOptions());
   if (status.ok()) return std::nullopt;
   return ParseFailure{std::string(status.message())};
 }
@@ -104,8 +96,8 @@ std::optional<ToolError> WriteTableFiles(const qawb::QAWBTuning& tuning,
         (std::filesystem::path(directory) /
          (std::string(TableName(kind)) + std::string(FileExtension(format))))
             .string();
-    std::optional<ToolError> failed = VisitTableKind(
-        kind, [&](auto type) -> std::optional<ToolError> {
+    std::optional<ToolError> failed =
+        VisitTableKind(kind, [&](auto type) -> std::optional<ToolError> {
           using Record = typename decltype(type)::type;
           const Record* table = qawb::GetTable<Record>(tuning);
           if (table == nullptr) {

@@ -1,12 +1,15 @@
-// The JSON options the tuning files use, so that the benchmarks' protobuf
-// baselines do exactly the printing and parsing work the library asks for.
-#ifndef BENCH_PROTOBUF_OPTIONS_H_
-#define BENCH_PROTOBUF_OPTIONS_H_
+// The JSON options of the tuning files, in one place for every caller that
+// hands a tuning file to protobuf's JSON functions: the library's readers and
+// writers, the tool, the table generator, the benchmarks and the fuzzers.
+#ifndef PROTOMSG_INTERNAL_JSON_OPTIONS_H_
+#define PROTOMSG_INTERNAL_JSON_OPTIONS_H_
 
 #include <google/protobuf/util/json_util.h>
 
-namespace q3a_bench {
+namespace protomsg::internal {
 
+// Indented, every scalar printed even when 0, enum values by name, the
+// schema's snake_case field names.
 inline google::protobuf::util::JsonPrintOptions TuningFilePrintOptions() {
   google::protobuf::util::JsonPrintOptions options;
   options.add_whitespace = true;
@@ -16,6 +19,7 @@ inline google::protobuf::util::JsonPrintOptions TuningFilePrintOptions() {
   return options;
 }
 
+// Unknown fields and enum names in other letter case are errors.
 inline google::protobuf::util::JsonParseOptions TuningFileParseOptions() {
   google::protobuf::util::JsonParseOptions options;
   options.ignore_unknown_fields = false;
@@ -23,6 +27,6 @@ inline google::protobuf::util::JsonParseOptions TuningFileParseOptions() {
   return options;
 }
 
-}  // namespace q3a_bench
+}  // namespace protomsg::internal
 
-#endif  // BENCH_PROTOBUF_OPTIONS_H_
+#endif  // PROTOMSG_INTERNAL_JSON_OPTIONS_H_
