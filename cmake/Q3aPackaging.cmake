@@ -18,6 +18,10 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The tool's dependency on the library package comes from the components;
+# dpkg-shlibdeps only has to find the library, which is in the build tree.
+get_target_property(q3a_library_dir q3a_tuning BINARY_DIR)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${q3a_library_dir})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libq3a-tuning${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
