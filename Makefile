@@ -4,7 +4,12 @@
 BUILD_DIR ?= build
 CMAKE_FLAGS ?=
 
-.PHONY: all deps configure build run test clean bench sanitize fuzz
+# ccache (used when installed) shares hits between checkouts in other places.
+export CCACHE_BASEDIR := $(CURDIR)
+export CCACHE_NOHASHDIR := 1
+
+.PHONY: all deps configure build run test clean bench sanitize fuzz \
+	install-check package package-check test-arm64 abi-check abi-update
 
 all: build
 
@@ -63,6 +68,53 @@ fuzz: deps
 		-DQ3A_BUILD_TESTS=OFF -DQ3A_BUILD_BENCHMARKS=OFF $(CMAKE_FLAGS) >/dev/null
 	@cmake --build $(FUZZ_DIR) --target fuzz_all
 	@fuzz/run $(FUZZ_DIR) $(FUZZ_SECONDS)
+
+# Installs into a scratch prefix and builds the example consumer against it,
+# through the CMake package and through pkg-config.
+STAGE_DIR = $(BUILD_DIR)/stage
+CONSUMER_FILE = tests/files/testdata/advance_table.json
+install-check: build
+	@rm -rf $(STAGE_DIR)
+	@cmake --install $(BUILD_DIR) --prefix $(STAGE_DIR) >/dev/null
+	@examples/consumer/check $(STAGE_DIR) $(CONSUMER_FILE) $(BUILD_DIR)/consumer
+
+# Debian packages (library, development files, tool) in $(BUILD_DIR)/packages.
+package: build
+	@rm -rf $(BUILD_DIR)/packages
+	@cd $(BUILD_DIR) && cpack -B packages >/dev/null
+	@ls $(BUILD_DIR)/packages/*.deb
+
+# The packages unpacked into a scratch root, the consumer built against it,
+# and apt-get's check that they install on this machine.
+DEB_ROOT = $(BUILD_DIR)/deb-root
+package-check: package
+	@rm -rf $(DEB_ROOT)
+	@for deb in $(BUILD_DIR)/packages/*.deb; do dpkg -x $$deb $(DEB_ROOT); done
+	@examples/consumer/check $(DEB_ROOT)/usr $(CONSUMER_FILE) $(BUILD_DIR)/consumer-deb
+	@$(DEB_ROOT)/usr/bin/q3a-tuning --version >/dev/null
+	@apt-get install --simulate -qq $(addprefix ./,$(wildcard $(BUILD_DIR)/packages/*.deb)) >/dev/null
+	@echo "package-check: the packages unpack, build the consumer and install"
+
+# The installed library's binary interface against the baseline in abi/, and
+# its exported symbols against the API; abi-update takes the built library as
+# the new baseline.
+abi-check: build
+	@abi/check $(BUILD_DIR)
+abi-update: build
+	@abi/check --update $(BUILD_DIR)
+
+# The library, tool and tests cross-built for aarch64 and run under qemu-user.
+# The native build provides the build-time table generator.
+ARM64_DIR ?= build-arm64
+test-arm64: configure
+	@scripts/install-deps arm64
+	@cmake --build $(BUILD_DIR) --target q3a-qawb-table-gen
+	@cmake -S . -B $(ARM64_DIR) -G Ninja \
+		-DCMAKE_TOOLCHAIN_FILE=cmake/aarch64-linux-gnu.cmake \
+		-DQ3A_HOST_TOOLS=$(abspath $(BUILD_DIR))/host-tools.cmake \
+		-DQ3A_BUILD_BENCHMARKS=OFF $(CMAKE_FLAGS) >/dev/null
+	@cmake --build $(ARM64_DIR)
+	@ctest --test-dir $(ARM64_DIR) --output-on-failure -j 2
 
 clean:
 	rm -rf $(BUILD_DIR)

@@ -39,3 +39,11 @@ function(q3a_cc_test name)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
                        WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
 endfunction()
+
+# The shell words that start a program built here: nothing natively, the
+# emulator in a cross build. Tests that run the tool put it before its path.
+set(Q3A_TARGET_RUN_PREFIX "")
+if(CMAKE_CROSSCOMPILING AND CMAKE_CROSSCOMPILING_EMULATOR)
+  list(JOIN CMAKE_CROSSCOMPILING_EMULATOR " " Q3A_TARGET_RUN_PREFIX)
+  string(APPEND Q3A_TARGET_RUN_PREFIX " ")
+endif()

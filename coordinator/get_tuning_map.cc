@@ -9,7 +9,7 @@ const TuningMap& GetTuningMap() { return internal::BuiltInRegistry(); }
 
 extern "C" void GetTuningMap(TuningMap* map) {
   const TuningMap& registry = q3a_coordinator::GetTuningMap();
-  if (map == &registry) return;
+  if (map == nullptr || map == &registry) return;
   map->max_load_factor(registry.max_load_factor());
   *map = registry;
 }

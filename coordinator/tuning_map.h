@@ -32,7 +32,8 @@ Q3A_EXPORT const TuningMap& GetTuningMap();
 
 // Copy-assigns the registry into the caller's map: afterwards `map` holds
 // exactly the registry's entries (pointers to the same node tables) and its
-// maximum load factor. Does nothing when `map` is the registry itself.
+// maximum load factor. Does nothing when `map` is null or the registry
+// itself.
 extern "C" Q3A_EXPORT void GetTuningMap(TuningMap* map);
 
 #endif  // COORDINATOR_TUNING_MAP_H_

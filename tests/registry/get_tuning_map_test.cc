@@ -34,10 +34,12 @@ TEST(GetTuningMap, CopyReplacesWhatTheCallerHeld) {
   EXPECT_EQ(copy.count(static_cast<q3a_api::NodeType>(3)), 0u);
 }
 
-TEST(GetTuningMap, CopyIntoTheRegistryItselfChangesNothing) {
+TEST(GetTuningMap, CopyIntoTheRegistryItselfOrNullChangesNothing) {
   auto& registry = const_cast<TuningMap&>(q3a_coordinator::GetTuningMap());
   const TuningMap before = registry;
   GetTuningMap(&registry);
+  EXPECT_EQ(registry, before);
+  GetTuningMap(nullptr);
   EXPECT_EQ(registry, before);
 }
 

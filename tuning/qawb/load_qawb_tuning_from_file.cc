@@ -1,9 +1,12 @@
 #include "tuning/qawb/load_qawb_tuning_from_file.h"
 
 #include <android-base/logging.h>
+#include <android-base/no_destructor.h>
 #include <fmt/format.h>
 
 #include <cstring>
+#include <memory>
+#include <new>
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "libs_v4/qAWB/src/base/table_access.h"
@@ -48,10 +51,12 @@ void LoadTable(const Files& files, std::string_view key,
   const std::string& path = file->second;
   if (path.empty()) return;
 
-  Table scratch;
-  PrepareScratch(scratch);
-  if (!read(path, scratch)) return;
-  (tuning.*set)(&scratch);
+  // Tables are up to 40 KB, too much for the stack of a camera thread.
+  const std::unique_ptr<Table> scratch(new (std::nothrow) Table);
+  if (scratch == nullptr) return;
+  PrepareScratch(*scratch);
+  if (!read(path, *scratch)) return;
+  (tuning.*set)(scratch.get());
 
   if (android::base::ShouldLog(android::base::DEBUG, kLogTag)) {
     const qawb::QAWBParameterVersion& version = (tuning.*get)()->version;
@@ -68,8 +73,10 @@ void LoadTable(const Files& files, std::string_view key,
 const qawb::QAWBTuning* LoadQawbTuningFromFile(const Files& files,
                                                const qawb::QAWBTuning* fixed) {
   // Built on the first call even without `fixed`, so it starts from the
-  // default tables; every later call overwrites it in place.
-  static qawb::MutableQAWBTuning tuning;
+  // default tables; every later call overwrites it in place. Never
+  // destroyed: an AWB thread may still read it while the process exits.
+  static android::base::NoDestructor<qawb::MutableQAWBTuning> container;
+  qawb::MutableQAWBTuning& tuning = *container;
   if (fixed == nullptr) return nullptr;
 
   qawb::ForEachTableInLoadOrder([&]<typename Table>() {
