@@ -102,6 +102,16 @@ JsonReadBuffers& ThreadJsonReadBuffers() {
   return buffers;
 }
 
+// simdjson builds its implementation singletons on first use and registers
+// their exit-time destructors then. One tiny parse while the library loads
+// keeps that out of the first read, which may run on a camera thread.
+[[maybe_unused]] const bool kSimdjsonReady = [] {
+  simdjson::ondemand::parser parser;
+  simdjson::padded_string text(std::string_view("{}"));
+  auto document = parser.iterate(text);
+  return document.error() == simdjson::SUCCESS;
+}();
+
 template <typename Table>
 void SaveJson(const std::string& path, const Table& table) {
   std::string text;
