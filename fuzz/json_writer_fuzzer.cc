@@ -8,6 +8,7 @@
 #include <google/protobuf/util/json_util.h>
 #include <simdjson.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -15,6 +16,8 @@
 #include <string>
 #include <string_view>
 
+#include "awb_records/all_records.h"
+#include "awb_records/tuning_tables.h"
 #include "fuzz/fuzz_support.h"
 #include "protomsg/internal/json_options.h"
 #include "protomsg/internal/json_reader.h"
@@ -69,17 +72,14 @@ using RecordCheck = void (*)(std::string_view);
 
 // Every record type, the four tables among them (a whole table prints at a
 // few per second here, a small record at thousands).
-#define Q3A_FUZZ_RECORD_CHECK(Record, Message, FIELDS) \
-  &CheckRecord<::qawb::Record>,
+template <typename... Tables, typename... Records>
+constexpr auto MakeChecks(qawb::TypeList<Tables...>,
+                          qawb::TypeList<Records...>) {
+  return std::array<RecordCheck, sizeof...(Tables) + sizeof...(Records)>{
+      &CheckRecord<Tables>..., &CheckRecord<Records>...};
+}
 
-constexpr RecordCheck kChecks[] = {
-    QAWB_SHARED_RECORDS(Q3A_FUZZ_RECORD_CHECK)
-        QAWB_BASIC_TABLE_RECORDS(Q3A_FUZZ_RECORD_CHECK)
-            QAWB_ADVANCE_TABLE_RECORDS(Q3A_FUZZ_RECORD_CHECK)
-                QAWB_COLOR_CONTROL_TABLE_RECORDS(Q3A_FUZZ_RECORD_CHECK)
-                    QAWB_FEATURE_TABLE_RECORDS(Q3A_FUZZ_RECORD_CHECK)};
-
-#undef Q3A_FUZZ_RECORD_CHECK
+constexpr auto kChecks = MakeChecks(qawb::TuningTables{}, qawb::AllRecords{});
 
 }  // namespace
 
@@ -90,7 +90,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (size == 0) return 0;
-  const RecordCheck check = kChecks[data[0] % std::size(kChecks)];
+  const RecordCheck check = kChecks[data[0] % kChecks.size()];
   check(std::string_view(reinterpret_cast<const char*>(data) + 1, size - 1));
   return 0;
 }
