@@ -16,9 +16,8 @@
 #include <string>
 #include <string_view>
 
-#include "awb_records/all_records.h"
-#include "awb_records/tuning_tables.h"
 #include "fuzz/fuzz_support.h"
+#include "fuzz/record_type_dispatch.h"
 #include "protomsg/internal/json_options.h"
 #include "protomsg/internal/json_reader.h"
 #include "protomsg/internal/json_writer.h"
@@ -68,18 +67,10 @@ void CheckRecord(std::string_view bytes) {
         "direct read of the printed text differs from protobuf's");
 }
 
-using RecordCheck = void (*)(std::string_view);
-
-// Every record type, the four tables among them (a whole table prints at a
-// few per second here, a small record at thousands).
-template <typename... Tables, typename... Records>
-constexpr auto MakeChecks(qawb::TypeList<Tables...>,
-                          qawb::TypeList<Records...>) {
-  return std::array<RecordCheck, sizeof...(Tables) + sizeof...(Records)>{
-      &CheckRecord<Tables>..., &CheckRecord<Records>...};
-}
-
-constexpr auto kChecks = MakeChecks(qawb::TuningTables{}, qawb::AllRecords{});
+template <typename Record>
+struct RecordCheck {
+  static void Run(std::string_view bytes) { CheckRecord<Record>(bytes); }
+};
 
 }  // namespace
 
@@ -89,8 +80,6 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  if (size == 0) return 0;
-  const RecordCheck check = kChecks[data[0] % kChecks.size()];
-  check(std::string_view(reinterpret_cast<const char*>(data) + 1, size - 1));
+  q3a_fuzz::RunSelectedRecordCheck<RecordCheck>(data, size);
   return 0;
 }

@@ -13,8 +13,8 @@
 #include <string>
 #include <string_view>
 
-#include "awb_records/tuning_tables.h"
 #include "fuzz/fuzz_support.h"
+#include "fuzz/record_type_dispatch.h"
 #include "protomsg/internal/wire_decoder.h"
 #include "protomsg/internal/wire_encoder.h"
 #include "protomsg/record_conversions.h"
@@ -65,16 +65,10 @@ void CheckRecord(std::string_view bytes) {
   Check(SameBytes(*again, *reference), "encoded record decodes differently");
 }
 
-using RecordCheck = void (*)(std::string_view);
-
-template <typename... Tables, typename... Records>
-constexpr auto MakeChecks(qawb::TypeList<Tables...>,
-                          qawb::TypeList<Records...>) {
-  return std::array<RecordCheck, sizeof...(Tables) + sizeof...(Records)>{
-      &CheckRecord<Tables>..., &CheckRecord<Records>...};
-}
-
-constexpr auto kChecks = MakeChecks(qawb::TuningTables{}, qawb::AllRecords{});
+template <typename Record>
+struct RecordCheck {
+  static void Run(std::string_view bytes) { CheckRecord<Record>(bytes); }
+};
 
 }  // namespace
 
@@ -84,8 +78,6 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  if (size == 0) return 0;
-  const RecordCheck check = kChecks[data[0] % kChecks.size()];
-  check(std::string_view(reinterpret_cast<const char*>(data) + 1, size - 1));
+  q3a_fuzz::RunSelectedRecordCheck<RecordCheck>(data, size);
   return 0;
 }
