@@ -61,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(
         LintCase{"DuplicateScalarLastWins",
                  Basic(R"("initial_cct": 4100, "initial_cct": 4200)"),
                  TableKind::kBasic, "duplicate-key", 2, 22,
-                 "the last value (line 2, column 37) wins"},
+                 "the last value that is not null (line 2, column 37) wins"},
         LintCase{"DuplicateListsJoined",
                  Basic(R"("illuminant_weight_table": {"cct_list": [1],
   "cct_list": [2]})"),
@@ -71,9 +71,11 @@ INSTANTIATE_TEST_SUITE_P(
                  TableKind::kBasic, "trailing-comma", 2, 20,
                  "other JSON tools refuse"},
         LintCase{"RepeatsCountedOnTheFirst",
-                 Basic(R"("initial_gain": {"r_gain": 1,}, "initial_cct": 1,)"),
-                 TableKind::kBasic, "trailing-comma", 2, 29,
-                 "refuse the file (and 1 more like it)"},
+                 Basic(R"("illuminant_weight_table": {"illuminant_cct_list":
+  [{"weight_list": [2,]}, {"weight_list": [3,]}]})"),
+                 TableKind::kBasic, "trailing-comma", 3, 22,
+                 "(and 1 more like it at illuminant_weight_table."
+                 "illuminant_cct_list[].weight_list[])"},
         LintCase{"SingleQuotes", Basic(R"('initial_cct': 4100)"),
                  TableKind::kBasic, "single-quote", 2, 1, "single quotes"},
         LintCase{"UnquotedKey", Basic(R"(initial_cct: 4100)"),

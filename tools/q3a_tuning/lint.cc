@@ -254,6 +254,18 @@ std::vector<Finding> LintTableMessage(const Message& table) {
   return Linter().Run(table);
 }
 
+std::string MissingFieldsText(const std::vector<std::string_view>& missing,
+                              std::string_view path) {
+  constexpr std::size_t kNamed = 3;
+  const std::vector<std::string_view> named(
+      missing.begin(), missing.begin() + std::min(kNamed, missing.size()));
+  return fmt::format("{} field{} missing from {} ({}{}); {} as 0",
+                     missing.size(), missing.size() == 1 ? "" : "s",
+                     path.empty() ? "the table" : path, fmt::join(named, ", "),
+                     missing.size() > kNamed ? ", ..." : "",
+                     missing.size() == 1 ? "it loads" : "they load");
+}
+
 std::vector<Finding> CollapseFindings(std::vector<Finding> findings) {
   auto pattern_of = [](const std::string& path) {
     std::string pattern;

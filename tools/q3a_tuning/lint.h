@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -38,6 +39,12 @@ struct Finding {
 // list that carries exactly its capacity is the writers' full form: entries
 // past the count are unused, not a mistake.
 std::vector<Finding> LintTableMessage(const google::protobuf::Message& table);
+
+// The message of a "missing-fields" finding: how many of an object's fields
+// are missing, the first few by name. `path` is the object's, empty for the
+// table.
+std::string MissingFieldsText(const std::vector<std::string_view>& missing,
+                              std::string_view path);
 
 // One finding per rule and path pattern (indices dropped: "a.b[].c"): the
 // first, its message ending with how many more there are.

@@ -95,8 +95,9 @@ std::string KindList(const std::vector<TableKind>& kinds) {
 // keys name most.
 std::optional<TableKind> MostNamedTable(std::string_view content) {
   auto parsed = ParseJsonDocument(content);
-  const auto* root = std::get_if<JsonValue>(&parsed);
-  if (root == nullptr) return std::nullopt;
+  const auto* document = std::get_if<JsonDocument>(&parsed);
+  if (document == nullptr) return std::nullopt;
+  const JsonValue& root = document->root();
   std::optional<TableKind> best_kind;
   int best = 0;
   for (TableKind kind : kAllTableKinds) {
@@ -104,7 +105,7 @@ std::optional<TableKind> MostNamedTable(std::string_view content) {
       using Message =
           typename TableTraits<typename decltype(type)::type>::Message;
       int count = 0;
-      for (const JsonMember& member : root->members) {
+      for (const JsonMember& member : root.members()) {
         const auto& descriptor = *Message::descriptor();
         for (int i = 0; i < descriptor.field_count(); ++i) {
           if (JsonKeyMatches(member.key, descriptor.field(i)->name())) {

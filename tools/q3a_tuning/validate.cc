@@ -80,13 +80,13 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
     typename TableTraits<Record>::Message message;
     (void)ParseTableMessage(*content, format, message);
     std::vector<Finding> findings;
-    std::optional<JsonValue> document;
+    std::optional<JsonDocument> document;
     std::vector<JsonLeniency> leniencies;
     if (format == FileFormat::kJson) {
       auto parsed = ParseJsonDocument(*content, &leniencies);
-      if (auto* root = std::get_if<JsonValue>(&parsed)) {
-        document = std::move(*root);
-        findings = LintJsonDocument(*document, leniencies,
+      if (auto* parsed_document = std::get_if<JsonDocument>(&parsed)) {
+        document = std::move(*parsed_document);
+        findings = LintJsonDocument(document->root(), leniencies,
                                     *message.GetDescriptor());
       }
     }
@@ -95,7 +95,7 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
     }
     const bool has_version =
         format == FileFormat::kBinary || !document ||
-        FindJsonPath(*document, "version") != nullptr;
+        FindJsonPath(document->root(), "version") != nullptr;
     for (Finding& finding : LintReadTable(*table, has_version, built_in)) {
       findings.push_back(std::move(finding));
     }
@@ -109,7 +109,7 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
       if (document) {
         const TextPosition at = finding.position
                                     ? *finding.position
-                                    : PositionOfPath(*document, finding.path);
+                                    : PositionOfPath(document->root(), finding.path);
         problem.line = at.line;
         problem.column = at.column;
       }

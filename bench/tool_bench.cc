@@ -1,0 +1,164 @@
+// The tuning tool on a large JSON tuning file: the document reader that
+// locates every value, and `validate` and `get` as the commands run them,
+// each next to its lower bound on the same text (simdjson's DOM parse for
+// the reader, the library's own read of the file for the commands).
+//
+// The file is the colour-control table with every value set, its first list
+// repeated until the text reaches 60 MiB: a table far over capacity, which
+// the library reads, drops the excess of, and validate reports.
+#include <benchmark/benchmark.h>
+#include <google/protobuf/util/json_util.h>
+
+#include <memory>
+#include <simdjson.h>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "bench/bench_tables.h"
+#include "protomsg/internal/json_options.h"
+#include "protomsg/record_conversions.h"
+#include "tests/support/file_bytes.h"
+#include "tools/q3a_tuning/json_document.h"
+#include "tools/q3a_tuning/table_diagnostics.h"
+#include "tools/q3a_tuning/table_edit.h"
+#include "tools/q3a_tuning/table_guess.h"
+#include "tools/q3a_tuning/validate.h"
+
+namespace q3a_bench {
+namespace {
+
+using Table = qawb::QAWBColorControlTuningTable;
+using Message = qawb::tuning::QAWBColorControlTuningTable;
+
+constexpr std::size_t kLargeFileBytes = std::size_t{60} << 20;
+
+// The large file's text, printed as the library's writer prints.
+const std::string& LargeText() {
+  static const std::string* const text = [] {
+    Message message;
+    protomsg::ConvertToMessage(TableContent<Table>(Content::kFull), message);
+    auto* list = message.mutable_ccm_tuning_table()
+                     ->mutable_ccm_set_face()
+                     ->mutable_ccm_selection_set_natural();
+    const qawb::tuning::QAWBCCMSelection entry = list->Get(0);
+    std::string printed;
+    for (int grow = 64;; grow *= 2) {
+      printed.clear();
+      (void)google::protobuf::util::MessageToJsonString(
+          message, &printed, protomsg::internal::TuningFilePrintOptions());
+      if (printed.size() >= kLargeFileBytes) break;
+      const std::size_t per_entry = printed.size() / list->size();
+      const std::size_t wanted = (kLargeFileBytes - printed.size()) / per_entry;
+      for (std::size_t i = 0; i < std::min<std::size_t>(wanted + 1, grow);
+           ++i) {
+        *list->Add() = entry;
+      }
+    }
+    return new std::string(std::move(printed));
+  }();
+  return *text;
+}
+
+const std::string& LargeFile() {
+  static const std::string* const path = [] {
+    auto* name = new std::string(ScratchDir() + "/large_color.json");
+    q3a_test::WriteFile(*name, LargeText());
+    return name;
+  }();
+  return *path;
+}
+
+void SetBytes(benchmark::State& state) {
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) *
+                          static_cast<std::int64_t>(LargeText().size()));
+}
+
+void DocumentReader(benchmark::State& state) {
+  const std::string& text = LargeText();
+  for (auto _ : state) {
+    std::vector<q3a_tool::JsonLeniency> leniencies;
+    auto document = q3a_tool::ParseJsonDocument(text, &leniencies);
+    if (!std::holds_alternative<q3a_tool::JsonDocument>(document)) {
+      state.SkipWithError("the document reader refused the file");
+    }
+    benchmark::DoNotOptimize(document);
+  }
+  SetBytes(state);
+}
+
+void SimdjsonDom(benchmark::State& state) {
+  const simdjson::padded_string text(LargeText());
+  simdjson::dom::parser parser;
+  for (auto _ : state) {
+    simdjson::dom::element root;
+    if (parser.parse(text).get(root) != simdjson::SUCCESS) {
+      state.SkipWithError("simdjson refused the file");
+    }
+    benchmark::DoNotOptimize(root);
+  }
+  SetBytes(state);
+}
+
+void LibraryRead(benchmark::State& state) {
+  const std::string& path = LargeFile();
+  auto table = std::make_unique<Table>();
+  for (auto _ : state) {
+    if (!protomsg::ReadQAWBColorControlTuningTableWithJson(path, *table)) {
+      state.SkipWithError("the library refused the file");
+    }
+  }
+  SetBytes(state);
+}
+
+// What `validate FILE` does: guess the table, then validate.
+void Validate(benchmark::State& state) {
+  const std::string& path = LargeFile();
+  for (auto _ : state) {
+    const auto kind = q3a_tool::ResolveTable(path, q3a_tool::FileFormat::kJson,
+                                             "");
+    if (!kind.ok()) state.SkipWithError("validate cannot tell the table");
+    const q3a_tool::ValidationReport report = q3a_tool::ValidateTableFile(
+        path, q3a_tool::FileFormat::kJson, *kind);
+    if (!report.accepted) state.SkipWithError("validate refused the file");
+  }
+  SetBytes(state);
+}
+
+// What `get FILE version` does: guess the table, load it, print the value.
+void Get(benchmark::State& state) {
+  const std::string& path = LargeFile();
+  for (auto _ : state) {
+    const auto kind = q3a_tool::ResolveTable(path, q3a_tool::FileFormat::kJson,
+                                             "");
+    if (!kind.ok()) state.SkipWithError("get cannot tell the table");
+    auto table = q3a_tool::MakeZeroedTable<Table>();
+    if (q3a_tool::LoadTableFile(path, q3a_tool::FileFormat::kJson, *table)) {
+      state.SkipWithError("get cannot load the file");
+    }
+    Message message;
+    protomsg::ConvertToMessage(*table, message);
+    benchmark::DoNotOptimize(q3a_tool::GetValueJson(message, "version"));
+  }
+  SetBytes(state);
+}
+
+}  // namespace
+}  // namespace q3a_bench
+
+int main(int argc, char** argv) {
+  using namespace q3a_bench;  // NOLINT
+  for (auto [name, run] :
+       {std::pair{"json_document/60MiB", &DocumentReader},
+        {"simdjson_dom/60MiB", &SimdjsonDom},
+        {"library_json_read/60MiB", &LibraryRead},
+        {"validate/60MiB", &Validate},
+        {"get/60MiB", &Get}}) {
+    benchmark::RegisterBenchmark(name, run)->Unit(benchmark::kMillisecond);
+  }
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+  return 0;
+}
