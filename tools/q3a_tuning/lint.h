@@ -46,6 +46,14 @@ std::vector<Finding> LintTableMessage(const google::protobuf::Message& table);
 std::string MissingFieldsText(const std::vector<std::string_view>& missing,
                               std::string_view path);
 
+// For a binary tuning file: the sub-tables and lists of `table` that are
+// absent from the wire. The library's writer writes every sub-table and
+// every list at its capacity, and leaves out only scalars at 0, so an
+// absent sub-table or list means a file cut short or written by hand: its
+// scalars load as 0. "missing-version" for the table's version, else
+// "missing-fields" per object.
+std::vector<Finding> LintAbsentFields(const google::protobuf::Message& table);
+
 // One finding per rule and path pattern (indices dropped: "a.b[].c"): the
 // first, its message ending with how many more there are.
 std::vector<Finding> CollapseFindings(std::vector<Finding> findings);
