@@ -22,11 +22,6 @@ namespace q3a_tool {
 std::string DescribeTable(const TableOperand& operand, TableKind kind,
                           const qawb::QAWBParameterVersion& version);
 
-// The table kind of an operand: named by it, by `table_option`, or guessed
-// from the file.
-Result<TableKind> OperandKind(const TableOperand& operand,
-                              const std::string& table_option);
-
 // Figures one under another in a single <svg>.
 std::string StackFiguresSvg(const std::vector<Figure>& figures);
 
