@@ -1,4 +1,4 @@
-#include "tools/q3a_tuning/output_file.h"
+#include "tools/q3a_tuning/io/output_file.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
