@@ -8,7 +8,7 @@
 #include <string>
 
 #include "tests/support/scoped_temp_dir.h"
-#include "tools/q3a_tuning/table_file.h"
+#include "tools/q3a_tuning/io/table_file.h"
 
 namespace q3a_tool {
 namespace {

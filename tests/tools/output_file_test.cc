@@ -1,4 +1,4 @@
-#include "tools/q3a_tuning/output_file.h"
+#include "tools/q3a_tuning/io/output_file.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -21,7 +21,7 @@
 
 #include "tests/support/device_node.h"
 #include "tests/support/file_bytes.h"
-#include "tools/q3a_tuning/temporary_file.h"
+#include "tools/q3a_tuning/io/temporary_file.h"
 
 namespace q3a_tool {
 namespace {

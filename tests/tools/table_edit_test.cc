@@ -1,7 +1,7 @@
 // get and set by path: values come back as JSON, changes are checked
 // against the schema and the record (type, narrow range, capacity), and a
 // refused change says why and names the nearest field.
-#include "tools/q3a_tuning/table_edit.h"
+#include "tools/q3a_tuning/io/table_edit.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Which table a file holds: every table written by the library's writers is
 // named as itself in both formats and refused as any other, a container
 // dump is named as such, and what fits several tables is not guessed.
-#include "tools/q3a_tuning/table_guess.h"
+#include "tools/q3a_tuning/io/table_guess.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,9 +9,9 @@
 #include <string>
 
 #include "tests/support/scoped_temp_dir.h"
-#include "tools/q3a_tuning/input_file.h"
-#include "tools/q3a_tuning/table_sources.h"
-#include "tools/q3a_tuning/tuning_binary_file.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/input_file.h"
+#include "tools/q3a_tuning/io/tuning_binary_file.h"
 
 namespace q3a_tool {
 namespace {
