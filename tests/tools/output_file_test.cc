@@ -84,22 +84,6 @@ TEST(WriteOutputFile, WritesThroughALinkAndKeepsTheLink) {
   EXPECT_EQ(q3a_test::ReadFile(dir.File("real.json")), "new");
 }
 
-TEST(WriteOutputFile, KeepsOrRefusesWhatIsThereWhenAsked) {
-  q3a_test::ScopedTempDir dir;
-  const std::string target = dir.File("out.json");
-  q3a_test::WriteFile(target, "same");
-  const auto before = StampOf(target);
-  // The very bytes: nothing is written, not even the same content again.
-  ASSERT_EQ(WriteOutputFile(target, "same", {.keep_differing = true}),
-            std::nullopt);
-  EXPECT_EQ(StampOf(target), before);
-  const auto refused =
-      WriteOutputFile(target, "other", {.keep_differing = true});
-  ASSERT_NE(refused, std::nullopt);
-  EXPECT_THAT(refused->message, HasSubstr("give --force"));
-  EXPECT_EQ(q3a_test::ReadFile(target), "same");
-}
-
 TEST(WriteOutputFile, RefusesAFileChangedSinceItWasRead) {
   q3a_test::ScopedTempDir dir;
   const std::string target = dir.File("out.json");
@@ -296,13 +280,6 @@ INSTANTIATE_TEST_SUITE_P(
                       return std::string();
                     },
                     "the file-size limit (ulimit -f) of 65536 bytes"},
-        FailedWrite{"FileSizeLimitNewFile", false,
-                    [](const std::string&) {
-                      const rlimit limit{64 << 10, RLIM_INFINITY};
-                      setrlimit(RLIMIT_FSIZE, &limit);
-                      return std::string();
-                    },
-                    "the file-size limit"},
         FailedWrite{"DiskFull", true,
                     [](const std::string& dir) {
                       const std::string why = InSmallFileSystem(dir);
