@@ -8,13 +8,14 @@
 #include <string>
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/lint/table_diagnostics.h"
 #include "tools/q3a_tuning/io/table_guess.h"
-#include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/tuning_binary_file.h"
+#include "tools/q3a_tuning/lint/table_diagnostics.h"
 
 namespace q3a_tool {
 namespace {
@@ -43,6 +44,7 @@ struct DumpOptions {
   std::string directory;
   std::string format = "json";
   bool compact = false;
+  bool force = false;
 };
 
 int RunDump(const DumpOptions& options) {
@@ -53,11 +55,10 @@ int RunDump(const DumpOptions& options) {
     return ReportError(*error);
   }
   const std::string inputs[] = {options.input};
-  std::vector<std::string> written;
-  const std::optional<ToolError> error = WriteTableFiles(
-      *tuning, options.directory, *format, options.compact, inputs, written);
-  for (const std::string& path : written) fmt::print("{}\n", path);
-  return error ? ReportError(*error) : kExitOk;
+  return ExportTableFiles(
+      *tuning, options.directory,
+      {*format, options.compact,
+       {.inputs = inputs, .keep_differing = !options.force}});
 }
 
 struct RestoreOptions {
@@ -65,13 +66,15 @@ struct RestoreOptions {
   std::string base;
   std::string key;
   std::string output;
+  std::string from;
 };
 
 int RunRestore(const RestoreOptions& options) {
   std::vector<std::string> inputs;
   for (const auto& [kind, path] : options.files) inputs.push_back(path);
   if (!options.base.empty()) inputs.push_back(options.base);
-  if (auto refused = CheckOutputPath(options.output, inputs)) {
+  const OutputOptions output{.inputs = inputs};
+  if (auto refused = CheckOutputPath(options.output, output)) {
     return ReportError(*refused);
   }
   auto tuning = std::make_unique<MutableQAWBTuning>();
@@ -92,7 +95,8 @@ int RunRestore(const RestoreOptions& options) {
     const auto file = options.files.find(kind);
     std::string source = base_name;
     if (file != options.files.end()) {
-      const Result<FileFormat> format = ResolveFormat(file->second, "");
+      const Result<FileFormat> format =
+          InputFormat(file->second, options.from);
       if (!format.ok()) return ReportError(format.error());
       const std::optional<ToolError> error =
           VisitTableKind(kind, [&](auto type) -> std::optional<ToolError> {
@@ -111,7 +115,7 @@ int RunRestore(const RestoreOptions& options) {
                                 VersionString(*TableVersion(*tuning, kind)),
                                 source));
   }
-  if (auto error = WriteTuningBinaryFile(options.output, *tuning, inputs)) {
+  if (auto error = WriteTuningBinaryFile(options.output, *tuning, output)) {
     return ReportError(*error);
   }
   for (const std::string& line : lines) fmt::print("{}\n", line);
@@ -143,7 +147,8 @@ void AddDumpCommand(CLI::App& app, int& exit_code) {
   auto* command = app.add_subcommand(
       "dump",
       "Split a tuning binary file into four tuning files (basic, advance, "
-      "color, feature) in a directory.");
+      "color, feature) in a directory. A file there that holds anything "
+      "else (an edit) is left as it was, and named, unless --force.");
   command->add_option("input", options->input, "Tuning binary file")
       ->required();
   command->add_option("-o,--output", options->directory, "Output directory")
@@ -152,6 +157,8 @@ void AddDumpCommand(CLI::App& app, int& exit_code) {
       ->capture_default_str();
   command->add_flag("--compact", options->compact,
                     "Write only what carries meaning (see export)");
+  command->add_flag("--force", options->force,
+                    "Replace files that hold something else");
   command->footer("Example:\n  q3a-tuning dump tuning.bin -o tables");
   command->callback([&exit_code, options] { exit_code = RunDump(*options); });
 }
@@ -176,6 +183,7 @@ void AddRestoreCommand(CLI::App& app, int& exit_code) {
   auto* key = command->add_option("--key", options->key,
                                   "Key of a registered AWB container");
   base->excludes(key);
+  AddFromOption(*command, options->from);
   command->add_option("-o,--output", options->output, "Tuning binary file")
       ->required();
   command->footer(

@@ -10,6 +10,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <string>
+
+#include "tools/q3a_tuning/io/table_file.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 
 namespace q3a_tool {
@@ -27,6 +30,13 @@ void AddDiffCommand(CLI::App& app, int& exit_code);
 void AddLoadCommand(CLI::App& app, int& exit_code);
 void AddPlotCommand(CLI::App& app, int& exit_code);
 void AddReportCommand(CLI::App& app, int& exit_code);
+
+// Writes the four tables of `tuning` into `directory` (export and dump) and
+// reports each file: written or already holding its table on stdout,
+// warnings and refusals on stderr. Returns the exit code.
+int ExportTableFiles(const qawb::QAWBTuning& tuning,
+                     const std::string& directory,
+                     const TableFileOptions& options);
 
 // Prints `error` on stderr; returns its exit code.
 inline int ReportError(const ToolError& error) {

@@ -5,11 +5,13 @@
 #include <memory>
 #include <string>
 
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/lint/table_diagnostics.h"
 #include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/table_diagnostics.h"
 #include "tools/q3a_tuning/lint/validate.h"
 
 namespace q3a_tool {
@@ -25,17 +27,23 @@ struct ConvertOptions {
 };
 
 int RunConvert(const ConvertOptions& options) {
-  if (auto refused = CheckInputFile(options.input)) {
+  if (auto refused = RequireFileOperand(options.input, "convert")) {
     return ReportError(*refused);
   }
-  const std::string inputs[] = {options.input};
-  if (auto refused = CheckOutputPath(options.output, inputs)) {
-    return ReportError(*refused);
-  }
-  const Result<FileFormat> from = ResolveFormat(options.input, options.from);
+  const Result<FileFormat> from = InputFormat(options.input, options.from);
   if (!from.ok()) return ReportError(from.error());
-  const Result<FileFormat> to = ResolveFormat(options.output, options.to);
+  // stdout takes text only, so "-" means JSON unless --to says otherwise.
+  const Result<FileFormat> to =
+      options.output == kStdoutPath && options.to.empty()
+          ? FileFormat::kJson
+          : ResolveFormat(options.output, options.to);
   if (!to.ok()) return ReportError(to.error());
+  const std::string inputs[] = {options.input};
+  TableFileOptions write{*to, options.compact, {.inputs = inputs}};
+  write.output.text = *to == FileFormat::kJson;
+  if (auto refused = CheckOutputPath(options.output, write.output)) {
+    return ReportError(*refused);
+  }
   const Result<TableKind> kind =
       ResolveTable(options.input, *from, options.table);
   if (!kind.ok()) return ReportError(kind.error());
@@ -58,11 +66,13 @@ int RunConvert(const ConvertOptions& options) {
     if (auto error = LoadTableFile(options.input, *from, *table)) {
       return ReportError(*error);
     }
-    if (auto error = WriteTableFile(options.output, *to, *table, inputs,
-                                    options.compact)) {
-      return ReportError(*error);
+    const Result<std::vector<std::string>> warnings =
+        WriteTableFile(options.output, *table, write);
+    if (!warnings.ok()) return ReportError(warnings.error());
+    for (const std::string& warning : *warnings) {
+      fmt::print(stderr, "warning: {}\n", warning);
     }
-    fmt::print("{}\n", options.output);
+    if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
     return kExitOk;
   });
 }
@@ -79,12 +89,12 @@ void AddConvertCommand(CLI::App& app, int& exit_code) {
       "--compact. The output must not be the input.");
   command->add_option("input", options->input, "Tuning file to read")
       ->required();
-  command->add_option("output", options->output, "Tuning file to write")
+  command->add_option("output", options->output,
+                      "Tuning file to write; - for stdout (JSON only)")
       ->required();
   command->add_option("--table", options->table,
                       TableNames() + " (guessed if omitted)");
-  command->add_option("--from", options->from,
-                      "json or binary (from the extension if omitted)");
+  AddFromOption(*command, options->from);
   command->add_option("--to", options->to,
                       "json or binary (from the extension if omitted)");
   command->add_flag("--compact", options->compact,

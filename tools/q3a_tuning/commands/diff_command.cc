@@ -5,16 +5,18 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <variant>
 
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/lint/json_document.h"
 #include "tools/q3a_tuning/io/problem.h"
 #include "tools/q3a_tuning/io/record_diff.h"
-#include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/lint/json_document.h"
 
 namespace q3a_tool {
 namespace {
@@ -25,6 +27,7 @@ struct DiffOptions {
   std::string table;
   double tolerance = 0.0;
   bool json = false;
+  std::string from;
 };
 
 ToolError Trouble(ToolError error) {
@@ -47,7 +50,8 @@ Result<TableKind> CommonTable(const TableOperand& a, const TableOperand& b,
   for (const TableOperand* operand : {&a, &b}) {
     std::optional<TableKind> own = operand->kind;
     if (!own && !operand->file.empty()) {
-      const Result<FileFormat> format = ResolveFormat(operand->file, "");
+      const Result<FileFormat> format =
+          InputFormat(operand->file, operand->from);
       if (!format.ok()) return format.error();
       const Result<TableKind> guessed =
           ResolveTable(operand->file, *format, kind ? std::string(TableName(*kind)) : "");
@@ -92,13 +96,18 @@ void PrintJson(const TableOperand& b,
 }
 
 int RunDiff(const DiffOptions& options) {
-  if (options.tolerance < 0) {
-    return ReportError({"--tolerance: must not be negative", kExitUsage});
+  if (!(options.tolerance >= 0) || !std::isfinite(options.tolerance)) {
+    return ReportError({fmt::format("--tolerance: {} is not a finite number "
+                                    "of zero or more",
+                                    options.tolerance),
+                        kExitUsage});
   }
   const auto defaults = DefaultContainer();
-  const Result<TableOperand> a = ParseTableOperand(options.a, *defaults);
+  const Result<TableOperand> a =
+      ParseTableOperand(options.a, *defaults, options.from);
   if (!a.ok()) return ReportError(a.error());
-  const Result<TableOperand> b = ParseTableOperand(options.b, *defaults);
+  const Result<TableOperand> b =
+      ParseTableOperand(options.b, *defaults, options.from);
   if (!b.ok()) return ReportError(b.error());
   const Result<TableKind> kind = CommonTable(*a, *b, options.table);
   if (!kind.ok()) return ReportError(Trouble(kind.error()));
@@ -146,6 +155,7 @@ void AddDiffCommand(CLI::App& app, int& exit_code) {
       ->add_option("--tolerance", options->tolerance,
                    "Floats this close count as equal")
       ->capture_default_str();
+  AddFromOption(*command, options->from);
   command->add_flag("--json", options->json,
                     "The differences as a JSON array of {file, line, column, "
                     "path, rule, message: \"old -> new\"}, placed in NEW");

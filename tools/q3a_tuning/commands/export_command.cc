@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "tools/q3a_tuning/commands/commands.h"
-#include "tools/q3a_tuning/io/table_file.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/table_file.h"
 
 namespace q3a_tool {
 namespace {
@@ -21,6 +21,7 @@ struct ExportOptions {
   std::string directory;
   std::string format = "json";
   bool compact = false;
+  bool force = false;
 };
 
 int RunExport(const ExportOptions& options) {
@@ -43,14 +44,29 @@ int RunExport(const ExportOptions& options) {
     if (!container.ok()) return ReportError(container.error());
     tuning = *container;
   }
-  std::vector<std::string> written;
-  const std::optional<ToolError> error = WriteTableFiles(
-      *tuning, options.directory, *format, options.compact, {}, written);
-  for (const std::string& path : written) fmt::print("{}\n", path);
-  return error ? ReportError(*error) : kExitOk;
+  return ExportTableFiles(*tuning, options.directory,
+                          {*format, options.compact,
+                           {.keep_differing = !options.force}});
 }
 
 }  // namespace
+
+int ExportTableFiles(const qawb::QAWBTuning& tuning,
+                     const std::string& directory,
+                     const TableFileOptions& options) {
+  if (directory == kStdoutPath) {
+    return ReportError({"-o -: four files cannot go to stdout; name a "
+                        "directory",
+                        kExitUsage});
+  }
+  const TableFilesResult result = WriteTableFiles(tuning, directory, options);
+  for (const std::string& warning : result.warnings) {
+    fmt::print(stderr, "warning: {}\n", warning);
+  }
+  for (const ToolError& error : result.errors) ReportError(error);
+  for (const std::string& path : result.written) fmt::print("{}\n", path);
+  return result.errors.empty() ? kExitOk : kExitFailure;
+}
 
 void AddExportCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<ExportOptions>();
@@ -58,7 +74,9 @@ void AddExportCommand(CLI::App& app, int& exit_code) {
       "export",
       "Write the four AWB tables of a registered container (or the mutable "
       "container's defaults) as tuning files basic, advance, color and "
-      "feature in a directory (created if needed); prints the files written.");
+      "feature in a directory (created if needed); prints the files that "
+      "hold them. A file there that holds anything else (an edit) is "
+      "left as it was, and named, unless --force.");
   command->add_option("--node", options->node, "Node type (only awb)")
       ->capture_default_str();
   auto* key = command->add_option(
@@ -75,6 +93,8 @@ void AddExportCommand(CLI::App& app, int& exit_code) {
   command->add_flag("--compact", options->compact,
                     "Write only what carries meaning: lists up to their "
                     "counts, no zero tails, no default scalars");
+  command->add_flag("--force", options->force,
+                    "Replace files that hold something else");
   command->footer("Example:\n  q3a-tuning export --key 0,-1,1,0,-1 -o tables");
   command->callback([&exit_code, options, key, defaults] {
     if (key->count() == 0 && defaults->count() == 0) {

@@ -14,12 +14,12 @@
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/lint/table_diagnostics.h"
 #include "tools/q3a_tuning/io/table_guess.h"
-#include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/tuning_binary_file.h"
+#include "tools/q3a_tuning/lint/table_diagnostics.h"
 #include "tuning/qawb/load_qawb_tuning_from_file.h"
 
 namespace q3a_tool {
@@ -73,13 +73,21 @@ int RunLoad(const LoadOptions& options) {
                        assignment, TableNames()),
            kExitUsage});
     }
+    if (files.contains(name)) {
+      return ReportError(
+          {fmt::format("'{}': the {} table is already given as '{}'; the "
+                       "loader takes one file per table",
+                       assignment, name, files[name]),
+           kExitUsage});
+    }
     files[name] = assignment.substr(equals + 1);
     if (!files[name].empty()) inputs.push_back(files[name]);
   }
   const auto fixed = RegisteredContainer(options.key);
   if (!fixed.ok()) return ReportError(fixed.error());
+  const OutputOptions output{.inputs = inputs};
   if (!options.output.empty()) {
-    if (auto refused = CheckOutputPath(options.output, inputs)) {
+    if (auto refused = CheckOutputPath(options.output, output)) {
       return ReportError(*refused);
     }
   }
@@ -142,7 +150,7 @@ int RunLoad(const LoadOptions& options) {
   if (!options.output.empty()) {
     auto copy = std::make_unique<qawb::MutableQAWBTuning>();
     qawb::CopyTables(*result, *copy);
-    if (auto error = WriteTuningBinaryFile(options.output, *copy, inputs)) {
+    if (auto error = WriteTuningBinaryFile(options.output, *copy, output)) {
       return ReportError(*error);
     }
     fmt::print("{}\n", options.output);

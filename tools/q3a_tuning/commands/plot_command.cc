@@ -2,15 +2,19 @@
 // overlaid with --against.
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
-#include "tools/q3a_tuning/io/output_file.h"
 #include "tools/q3a_tuning/commands/plot_inputs.h"
+#include "tools/q3a_tuning/io/output_file.h"
 #include "tools/q3a_tuning/plot/table_plots.h"
 
 namespace q3a_tool {
@@ -21,26 +25,54 @@ struct PlotOptions {
   std::string against;
   std::string table;
   std::string output;
+  std::string from;
 };
+
+// plot draws SVG only; a name that promises another picture format would
+// hold SVG under a wrong name, which viewers refuse.
+std::optional<ToolError> CheckPictureName(const std::string& output) {
+  static constexpr std::string_view kOtherFormats[] = {
+      ".png", ".jpg", ".jpeg", ".gif", ".webp", ".bmp",
+      ".tif", ".tiff", ".pdf", ".eps", ".ps"};
+  std::string extension = std::filesystem::path(output).extension().string();
+  for (char& c : extension) {
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  }
+  if (std::find(std::begin(kOtherFormats), std::end(kOtherFormats),
+                extension) == std::end(kOtherFormats)) {
+    return std::nullopt;
+  }
+  return ToolError{fmt::format("{}: plot writes SVG, not {}; name the file "
+                               ".svg (rsvg-convert or a browser makes a {} "
+                               "of it)",
+                               output, extension.substr(1),
+                               extension.substr(1)),
+                   kExitUsage};
+}
 
 int RunPlot(const PlotOptions& options) {
   if (!options.table.empty() && !ParseTableKind(options.table)) {
     return ReportError({"--table: use basic, advance, color or feature",
                         kExitUsage});
   }
+  if (auto refused = CheckPictureName(options.output)) {
+    return ReportError(*refused);
+  }
   const auto defaults = DefaultContainer();
   const Result<TableOperand> operand =
-      ParseTableOperand(options.input, *defaults);
+      ParseTableOperand(options.input, *defaults, options.from);
   if (!operand.ok()) return ReportError(operand.error());
   std::optional<TableOperand> against;
   if (!options.against.empty()) {
-    Result<TableOperand> parsed = ParseTableOperand(options.against, *defaults);
+    Result<TableOperand> parsed =
+        ParseTableOperand(options.against, *defaults, options.from);
     if (!parsed.ok()) return ReportError(parsed.error());
     against = std::move(*parsed);
   }
   std::vector<std::string> inputs = {operand->file};
   if (against) inputs.push_back(against->file);
-  if (auto refused = CheckOutputPath(options.output, inputs)) {
+  const OutputOptions output{.inputs = inputs, .text = true};
+  if (auto refused = CheckOutputPath(options.output, output)) {
     return ReportError(*refused);
   }
   const Result<TableKind> kind = OperandKind(*operand, options.table);
@@ -70,10 +102,10 @@ int RunPlot(const PlotOptions& options) {
       fmt::print(stderr, "{}\n", finding);
     }
     if (auto error = WriteOutputFile(
-            options.output, StackFiguresSvg(plots.figures), inputs)) {
+            options.output, StackFiguresSvg(plots.figures), output)) {
       return ReportError(*error);
     }
-    fmt::print("{}\n", options.output);
+    if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
     return plots.findings.empty() ? kExitOk : kExitFailure;
   });
 }
@@ -99,7 +131,9 @@ void AddPlotCommand(CLI::App& app, int& exit_code) {
                       "An older table of the same kind to overlay");
   command->add_option("--table", options->table,
                       "basic, advance, color or feature (guessed if omitted)");
-  command->add_option("-o,--output", options->output, "SVG file to write")
+  AddFromOption(*command, options->from);
+  command->add_option("-o,--output", options->output,
+                      "SVG file to write; - for stdout")
       ->required();
   command->footer(
       "Example:\n  q3a-tuning plot edited/feature.json --against "

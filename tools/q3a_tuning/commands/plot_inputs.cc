@@ -16,14 +16,6 @@ std::string DescribeTable(const TableOperand& operand, TableKind kind,
   return fmt::format("{} of container {}", table, key);
 }
 
-Result<TableKind> OperandKind(const TableOperand& operand,
-                              const std::string& table_option) {
-  if (operand.kind) return *operand.kind;
-  const Result<FileFormat> format = ResolveFormat(operand.file, "");
-  if (!format.ok()) return format.error();
-  return ResolveTable(operand.file, *format, table_option);
-}
-
 std::string StackFiguresSvg(const std::vector<Figure>& figures) {
   std::string body;
   double height = 0;

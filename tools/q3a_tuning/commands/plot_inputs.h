@@ -9,11 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "tools/q3a_tuning/plot/plot_model.h"
-#include "tools/q3a_tuning/lint/table_diagnostics.h"
-#include "tools/q3a_tuning/io/table_guess.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/table_guess.h"
 #include "tools/q3a_tuning/io/tool_error.h"
+#include "tools/q3a_tuning/lint/table_diagnostics.h"
+#include "tools/q3a_tuning/plot/plot_model.h"
 
 namespace q3a_tool {
 
@@ -21,11 +21,6 @@ namespace q3a_tool {
 // 0,-1,1,0,-1", "default basic table 3.0".
 std::string DescribeTable(const TableOperand& operand, TableKind kind,
                           const qawb::QAWBParameterVersion& version);
-
-// The table kind of an operand: named by it, by `table_option`, or guessed
-// from the file.
-Result<TableKind> OperandKind(const TableOperand& operand,
-                              const std::string& table_option);
 
 // Figures one under another in a single <svg>.
 std::string StackFiguresSvg(const std::vector<Figure>& figures);

@@ -9,15 +9,16 @@
 
 #include "coordinator/tuning_map.h"
 #include "protomsg/record_conversions.h"
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
-#include "tools/q3a_tuning/plot/html_report.h"
-#include "tools/q3a_tuning/lint/lint.h"
-#include "tools/q3a_tuning/io/output_file.h"
 #include "tools/q3a_tuning/commands/plot_inputs.h"
-#include "tools/q3a_tuning/plot/plot_render.h"
+#include "tools/q3a_tuning/io/output_file.h"
 #include "tools/q3a_tuning/io/registry_view.h"
-#include "tools/q3a_tuning/plot/table_plots.h"
+#include "tools/q3a_tuning/lint/lint.h"
 #include "tools/q3a_tuning/lint/validate.h"
+#include "tools/q3a_tuning/plot/html_report.h"
+#include "tools/q3a_tuning/plot/plot_render.h"
+#include "tools/q3a_tuning/plot/table_plots.h"
 
 namespace q3a_tool {
 namespace {
@@ -26,6 +27,7 @@ struct ReportOptions {
   std::string key;
   std::vector<std::string> against;
   std::string output;
+  std::string from;
 };
 
 std::string Join(const std::vector<std::string>& parts) {
@@ -76,13 +78,14 @@ int RunReport(const ReportOptions& options) {
       RegisteredContainer(options.key);
   if (!registered.ok()) return ReportError(registered.error());
   const qawb::QAWBTuning& container = **registered;
-  if (auto error = CheckOutputPath(options.output, options.against)) {
+  const OutputOptions output{.inputs = options.against, .text = true};
+  if (auto error = CheckOutputPath(options.output, output)) {
     return ReportError(*error);
   }
   // Which table each file holds; two files for one table are refused.
   std::map<TableKind, std::string> files;
   for (const std::string& path : options.against) {
-    const Result<FileFormat> format = ResolveFormat(path, "");
+    const Result<FileFormat> format = InputFormat(path, options.from);
     if (!format.ok()) return ReportError(format.error());
     const Result<TableKind> kind = ResolveTable(path, *format, "");
     if (!kind.ok()) return ReportError(kind.error());
@@ -114,7 +117,8 @@ int RunReport(const ReportOptions& options) {
           const auto file = files.find(kind);
           TablePlots plots;
           if (file != files.end()) {
-            const Result<FileFormat> format = ResolveFormat(file->second, "");
+            const Result<FileFormat> format =
+                InputFormat(file->second, options.from);
             if (!format.ok()) return format.error();
             if (auto error = LoadTableFile(file->second, *format, *edited)) {
               return error;
@@ -150,11 +154,11 @@ int RunReport(const ReportOptions& options) {
         });
     if (failure) return ReportError(*failure);
   }
-  if (auto error = WriteOutputFile(options.output, RenderHtmlReport(data),
-                                   options.against)) {
+  if (auto error =
+          WriteOutputFile(options.output, RenderHtmlReport(data), output)) {
     return ReportError(*error);
   }
-  fmt::print("{}\n", options.output);
+  if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
   return kExitOk;
 }
 
@@ -175,7 +179,9 @@ void AddReportCommand(CLI::App& app, int& exit_code) {
       ->required();
   command->add_option("--against", options->against,
                       "Tuning files to compare, at most one per table");
-  command->add_option("-o,--output", options->output, "HTML file to write")
+  AddFromOption(*command, options->from);
+  command->add_option("-o,--output", options->output,
+                      "HTML file to write; - for stdout")
       ->required();
   command->footer(
       "Example:\n  q3a-tuning report --key 0,-1,1,0,-1 --against "

@@ -10,10 +10,11 @@
 #include <string>
 #include <vector>
 
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/table_guess.h"
-#include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/lint/validate.h"
 
 namespace q3a_tool {
@@ -101,8 +102,7 @@ void AddValidateCommand(CLI::App& app, int& exit_code) {
       ->required();
   command->add_option("--table", options->table,
                       TableNames() + " (guessed if omitted)");
-  command->add_option("--from", options->format,
-                      "json or binary (from the extension if omitted)");
+  AddFromOption(*command, options->format);
   command->add_option("--key", options->key,
                       "Key of the container the file is meant for: its "
                       "table's version is expected");

@@ -15,19 +15,11 @@ ToolError Unreadable(const std::string& path, std::string_view why) {
   return {fmt::format("{}: cannot read the file: {}", path, why), kExitUsage};
 }
 
-std::string_view KindOf(mode_t mode) {
-  if (S_ISDIR(mode)) return "a directory";
-  if (S_ISCHR(mode) || S_ISBLK(mode)) return "a device";
-  if (S_ISFIFO(mode)) return "a FIFO";
-  if (S_ISSOCK(mode)) return "a socket";
-  return "not a regular file";
-}
-
 std::optional<ToolError> CheckStatus(const std::string& path,
                                      const struct stat& status) {
   if (!S_ISREG(status.st_mode)) {
     return Unreadable(path, fmt::format("it is {}, not a tuning file",
-                                        KindOf(status.st_mode)));
+                                        DescribeFileKind(status.st_mode)));
   }
   if (static_cast<std::uintmax_t>(status.st_size) > kMaxInputBytes) {
     return Unreadable(
@@ -39,6 +31,14 @@ std::optional<ToolError> CheckStatus(const std::string& path,
 }
 
 }  // namespace
+
+std::string_view DescribeFileKind(mode_t mode) {
+  if (S_ISDIR(mode)) return "a directory";
+  if (S_ISCHR(mode) || S_ISBLK(mode)) return "a device";
+  if (S_ISFIFO(mode)) return "a FIFO";
+  if (S_ISSOCK(mode)) return "a socket";
+  return "not a regular file";
+}
 
 std::optional<ToolError> CheckInputFile(const std::string& path) {
   if (path.empty()) return ToolError{"(input): no file name given", kExitUsage};

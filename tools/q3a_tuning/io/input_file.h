@@ -5,9 +5,12 @@
 #ifndef TOOLS_Q3A_TUNING_IO_INPUT_FILE_H_
 #define TOOLS_Q3A_TUNING_IO_INPUT_FILE_H_
 
+#include <sys/types.h>
+
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "tools/q3a_tuning/io/tool_error.h"
 
@@ -20,6 +23,10 @@ inline constexpr std::uintmax_t kMaxInputBytes = std::uintmax_t{64} << 20;
 // is at most kMaxInputBytes long. The error names the file and carries
 // kExitUsage.
 std::optional<ToolError> CheckInputFile(const std::string& path);
+
+// "a directory", "a device", "a FIFO", "a socket": what a path that is not
+// a regular file names, for messages.
+std::string_view DescribeFileKind(mode_t mode);
 
 // The whole content of `path` after CheckInputFile.
 Result<std::string> ReadInputFile(const std::string& path);

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/q3a_tuning/io/output_file.h"
 #include "tools/q3a_tuning/io/table_kind.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 
@@ -35,27 +36,45 @@ std::string_view FileExtension(FileFormat format);
 template <typename Record>
 bool ReadTableFile(const std::string& path, FileFormat format, Record& table);
 
-// Writes `table` to `path` through the output routine (output_file.h): the
-// library's writer produces the temporary, which is read back with the
-// library's reader and compared with the table meant (the writers report
-// nothing, and a binary file cut short can still parse). `compact` writes
-// the compact form instead (compact_table.h). Refuses a `path` that is one of
-// `inputs`.
+// How WriteTableFile writes a table.
+struct TableFileOptions {
+  FileFormat format = FileFormat::kJson;
+  // The compact form instead of the full one (compact_table.h).
+  bool compact = false;
+  // Where the file may go and what it may replace; `text` and `verify` are
+  // set by WriteTableFile.
+  OutputOptions output = {};
+};
+
+// Writes `table` to `path` through the output routine (output_file.h), as
+// the library's writer prints it, and reads the written file back with the
+// library's reader to compare it with the table meant. Values JSON cannot
+// hold are first made what a JSON file reads back (-0 is 0); the result
+// holds a warning, "PATH: ...", for each file where that changed anything.
 template <typename Record>
-std::optional<ToolError> WriteTableFile(const std::string& path,
-                                        FileFormat format, const Record& table,
-                                        std::span<const std::string> inputs,
-                                        bool compact = false);
+Result<std::vector<std::string>> WriteTableFile(
+    const std::string& path, const Record& table,
+    const TableFileOptions& options);
+
+// What the export of four tables into a directory did.
+struct TableFilesResult {
+  std::vector<std::string> written;   // each file that holds its table now
+  std::vector<std::string> warnings;  // from WriteTableFile
+  std::vector<ToolError> errors;      // each file not written, and why
+};
 
 // Writes the four tables of `tuning` into `directory` (created if needed,
-// never emptied) as basic, advance, color and feature files of `format`,
-// each through WriteTableFile. `written` receives each file written; the
-// first failure stops the export.
-std::optional<ToolError> WriteTableFiles(const qawb::QAWBTuning& tuning,
-                                         const std::string& directory,
-                                         FileFormat format, bool compact,
-                                         std::span<const std::string> inputs,
-                                         std::vector<std::string>& written);
+// never emptied) as basic, advance, color and feature files of the format,
+// each through WriteTableFile. A failure for one file does not stop the
+// others.
+TableFilesResult WriteTableFiles(const qawb::QAWBTuning& tuning,
+                                 const std::string& directory,
+                                 const TableFileOptions& options);
+
+// Makes the floats of `message` (any table message) what its JSON text
+// reads back as: -0 becomes 0, and any NaN the NaN that "NaN" reads as.
+// Returns what changed, for a warning, or nullopt if nothing did.
+std::optional<std::string> MakeJsonExact(google::protobuf::Message& message);
 
 // Why a file does not parse as a table's message, as protobuf says it.
 struct ParseFailure {

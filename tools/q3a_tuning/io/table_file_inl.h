@@ -5,13 +5,16 @@
 #include <fmt/format.h>
 
 #include <cstring>
-#include <fstream>
 #include <memory>
+#include <vector>
 
+#include "protomsg/internal/json_writer.h"
+#include "protomsg/internal/wire_encoder.h"
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_files.h"
 #include "tools/q3a_tuning/io/compact_table.h"
 #include "tools/q3a_tuning/io/output_file.h"
+#include "tools/q3a_tuning/io/record_diff.h"
 
 namespace q3a_tool {
 
@@ -30,49 +33,62 @@ bool ReadTableFile(const std::string& path, FileFormat format, Record& table) {
 }
 
 template <typename Record>
-std::optional<ToolError> WriteTableFile(const std::string& path,
-                                        FileFormat format, const Record& table,
-                                        std::span<const std::string> inputs,
-                                        bool compact) {
+Result<std::vector<std::string>> WriteTableFile(
+    const std::string& path, const Record& table,
+    const TableFileOptions& options) {
   using Message = typename TableTraits<Record>::Message;
+  const FileFormat format = options.format;
   Message message;
   protomsg::ConvertToMessage(table, message);
-  std::string compact_bytes;
-  if (compact) {
+  std::vector<std::string> warnings;
+  if (format == FileFormat::kJson) {
+    if (auto changed = MakeJsonExact(message)) {
+      warnings.push_back(fmt::format("{}: {}", path, *changed));
+    }
+  }
+  if (options.compact) {
     Message zero_form;
     protomsg::ConvertToMessage(*MakeZeroedTable<Record>(), zero_form);
     CompactTableMessage(message, zero_form);
-    compact_bytes = SerializeTableMessage(message, format, /*full=*/false);
   }
   // What a reader must get back from the file: the table as its message
   // carries it, read over a zeroed record.
   auto meant = MakeZeroedTable<Record>();
   protomsg::ConvertToStruct(message, *meant);
+  std::string bytes;
+  if (options.compact) {
+    bytes = SerializeTableMessage(message, format, /*full=*/false);
+  } else if (format == FileFormat::kJson) {
+    protomsg::internal::PrintJson(*meant, bytes);
+  } else {
+    bytes = protomsg::internal::EncodeRecord(*meant);
+  }
 
-  const auto produce = [&](const std::string& temporary) {
-    if (compact) {
-      std::ofstream(temporary, std::ios::binary | std::ios::trunc)
-          << compact_bytes;
-    } else if (format == FileFormat::kJson) {
-      protomsg::SaveTuningTableWithJson(temporary, table);
-    } else {
-      protomsg::SaveTuningTableWithProtobuf(temporary, table);
-    }
-  };
-  const auto verify =
-      [&](const std::string& temporary) -> std::optional<ToolError> {
+  OutputOptions output = options.output;
+  output.text = format == FileFormat::kJson;
+  output.verify =
+      [&](const std::string& written) -> std::optional<std::string> {
     auto back = MakeZeroedTable<Record>();
-    if (ReadTableFile(temporary, format, *back) &&
-        std::memcmp(back.get(), meant.get(), sizeof(Record)) == 0) {
+    if (!ReadTableFile(written, format, *back)) {
+      return fmt::format("the {} table written does not read back: the "
+                         "library's reader refuses it",
+                         TableTraits<Record>::kName);
+    }
+    if (std::memcmp(back.get(), meant.get(), sizeof(Record)) == 0) {
       return std::nullopt;
     }
-    return ToolError{fmt::format("{}: the {} table written does not read "
-                                 "back as written (disk full or file-size "
-                                 "limit?); the file is left as it was",
-                                 path, TableTraits<Record>::kName),
-                     kExitFailure};
+    const std::vector<Difference> differences = DiffRecords(*meant, *back);
+    return fmt::format("the {} table written does not read back as written{}",
+                       TableTraits<Record>::kName,
+                       differences.empty()
+                           ? ""
+                           : fmt::format(" ({}: {} reads as {})",
+                                         differences[0].path,
+                                         differences[0].old_value,
+                                         differences[0].new_value));
   };
-  return WriteOutputFileWith(path, inputs, produce, verify);
+  if (auto error = WriteOutputFile(path, bytes, output)) return *error;
+  return warnings;
 }
 
 }  // namespace q3a_tool

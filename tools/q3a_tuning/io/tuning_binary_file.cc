@@ -3,9 +3,9 @@
 #include <fmt/format.h>
 
 #include <cstring>
+#include <memory>
 
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/io/output_file.h"
 
 namespace q3a_tool {
 namespace {
@@ -27,19 +27,18 @@ std::string ExpectedDump(const qawb::QAWBTuning& tuning) {
 
 std::optional<ToolError> WriteTuningBinaryFile(
     const std::string& path, const qawb::MutableQAWBTuning& tuning,
-    std::span<const std::string> inputs) {
-  const std::string expected = ExpectedDump(tuning);
-  return WriteOutputFileWith(
-      path, inputs,
-      [&](const std::string& temporary) { tuning.WriteToFile(temporary); },
-      [&](const std::string& temporary) -> std::optional<ToolError> {
-        const Result<std::string> written = ReadInputFile(temporary);
-        if (written.ok() && *written == expected) return std::nullopt;
-        return ToolError{fmt::format(
-            "{}: the tuning binary file was not written whole (disk full or "
-            "file-size limit?); the file is left as it was",
-            path)};
-      });
+    const OutputOptions& options) {
+  const std::string bytes = ExpectedDump(tuning);
+  OutputOptions output = options;
+  output.text = false;
+  output.verify = [&](const std::string& written) -> std::optional<std::string> {
+    auto back = std::make_unique<qawb::MutableQAWBTuning>();
+    if (back->ReadFromFile(written) && ExpectedDump(*back) == bytes) {
+      return std::nullopt;
+    }
+    return "the tuning binary file written does not read back as written";
+  };
+  return WriteOutputFile(path, bytes, output);
 }
 
 TuningBinaryFileInfo InspectTuningBinaryContent(std::string_view content) {

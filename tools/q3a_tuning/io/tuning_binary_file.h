@@ -8,11 +8,11 @@
 #include <array>
 #include <cstddef>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "tools/q3a_tuning/io/output_file.h"
 #include "tools/q3a_tuning/io/table_kind.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 
@@ -40,13 +40,12 @@ TuningBinaryFileInfo InspectTuningBinaryContent(std::string_view content);
 // binary file rather than a tuning file.
 bool LooksLikeTuningBinaryFile(std::string_view content);
 
-// Writes the container's dump of `tuning` to `path` through the output
-// routine (output_file.h), and checks that the temporary holds exactly the
-// four tables' bytes before it replaces anything: the container's writer
-// reports nothing.
+// Writes the container's dump of `tuning` (the four tables' bytes, as the
+// container writes them) to `path` through the output routine, which reads
+// it back with the container's reader before it replaces anything.
 std::optional<ToolError> WriteTuningBinaryFile(
     const std::string& path, const qawb::MutableQAWBTuning& tuning,
-    std::span<const std::string> inputs);
+    const OutputOptions& options);
 
 }  // namespace q3a_tool
 
