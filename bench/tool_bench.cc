@@ -19,11 +19,11 @@
 #include "protomsg/internal/json_options.h"
 #include "protomsg/record_conversions.h"
 #include "tests/support/file_bytes.h"
-#include "tools/q3a_tuning/json_document.h"
-#include "tools/q3a_tuning/table_diagnostics.h"
-#include "tools/q3a_tuning/table_edit.h"
-#include "tools/q3a_tuning/table_guess.h"
-#include "tools/q3a_tuning/validate.h"
+#include "tools/q3a_tuning/lint/json_document.h"
+#include "tools/q3a_tuning/lint/table_diagnostics.h"
+#include "tools/q3a_tuning/io/table_edit.h"
+#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/validate.h"
 
 namespace q3a_bench {
 namespace {

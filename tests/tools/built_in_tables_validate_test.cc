@@ -9,7 +9,7 @@
 
 #include "coordinator/tuning_map.h"
 #include "tests/tools/tool_runner.h"
-#include "tools/q3a_tuning/registry_view.h"
+#include "tools/q3a_tuning/io/registry_view.h"
 
 namespace q3a_test {
 namespace {

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "tests/support/scoped_temp_dir.h"
-#include "tools/q3a_tuning/table_file.h"
+#include "tools/q3a_tuning/io/table_file.h"
 
 namespace q3a_tool {
 namespace {
@@ -26,9 +26,8 @@ TEST(CompactTable, DropsEntriesPastTheCountAndZeroTails) {
     const std::string full = dir.File("full" + std::string(FileExtension(format)));
     const std::string compact =
         dir.File("compact" + std::string(FileExtension(format)));
-    ASSERT_EQ(WriteTableFile(full, format, *table, {}), std::nullopt);
-    ASSERT_EQ(WriteTableFile(compact, format, *table, {}, /*compact=*/true),
-              std::nullopt);
+    ASSERT_TRUE(WriteTableFile(full, *table, {format}).ok());
+    ASSERT_TRUE(WriteTableFile(compact, *table, {format, /*compact=*/true}).ok());
     auto read = MakeZeroedTable<qawb::QAWBBasicTuningTable>();
     ASSERT_TRUE(ReadTableFile(compact, format, *read));
     EXPECT_EQ(read->illuminant_weight_table.cct_list[1], 5000);
@@ -48,9 +47,9 @@ TEST(CompactTable, KeepsEveryModelEntryOfTheFeatureTable) {
   // lacks with -1; a zero entry left out would not load as zero.
   q3a_test::ScopedTempDir dir;
   auto table = MakeZeroedTable<qawb::QAWBFeatureTuningTable>();
-  ASSERT_EQ(WriteTableFile(dir.File("f.json"), FileFormat::kJson, *table, {},
-                           /*compact=*/true),
-            std::nullopt);
+  ASSERT_TRUE(WriteTableFile(dir.File("f.json"), *table,
+                             {FileFormat::kJson, /*compact=*/true})
+                  .ok());
   auto loaded = MakeZeroedTable<qawb::QAWBFeatureTuningTable>();
   for (auto& model : loaded->asd_aggregator_tuning_table.model_tuning) {
     model.bipolar_factor = -1.0f;

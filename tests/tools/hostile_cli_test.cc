@@ -1,17 +1,25 @@
 // The tool against hostile operands, every subcommand: devices, directories,
 // FIFOs, missing, empty, garbage and oversized files, the wrong table, an
-// output that is an input, and writes cut short by a file-size limit. Each
-// case checks the exit code, what stdout and stderr carry, and that no file
-// changed that should not have.
+// output that is an input, writes cut short by a file-size limit, edits an
+// export would replace, values JSON cannot hold, operands a command does not
+// take. Each case checks the exit code, what stdout and stderr carry, and
+// that no file changed, appeared or was touched that should not have been.
+// Runs interrupted by SIGINT or SIGKILL at moments drawn from fixed seeds,
+// and parallel edits of one file, are tables of their own.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
 #include <sys/stat.h>
 
+#include <chrono>
 #include <filesystem>
 #include <map>
+#include <random>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include "tests/support/device_node.h"
 #include "tests/tools/tool_runner.h"
 
 namespace q3a_test {
@@ -33,8 +41,24 @@ struct HostileCase {
   int file_size_limit = 0;  // ulimit -f for the run
 };
 
-// What a file was: its type and, for regular files, its bytes.
-using Snapshot = std::map<std::string, std::string>;
+void PrintTo(const HostileCase& c, std::ostream* os) { *os << c.name; }
+
+// What a file is: its type, and for a regular file its bytes and identity,
+// so that a file rewritten with the same bytes counts as touched.
+struct FileState {
+  std::string kind;
+  std::string content;
+  std::string identity;
+
+  bool operator==(const FileState&) const = default;
+};
+
+void PrintTo(const FileState& state, std::ostream* os) {
+  *os << state.kind << " " << state.identity << " (" << state.content.size()
+      << " bytes)";
+}
+
+using Snapshot = std::map<std::string, FileState>;
 
 Snapshot Take(const std::string& dir) {
   Snapshot snapshot;
@@ -43,20 +67,21 @@ Snapshot Take(const std::string& dir) {
     if (name.starts_with(".std")) continue;  // the runner's captures
     struct stat status;
     lstat(entry.path().c_str(), &status);
-    if (!S_ISREG(status.st_mode)) {
-      snapshot[name] = "mode:" + std::to_string(status.st_mode & S_IFMT);
-    } else if (status.st_size > (1 << 20)) {  // the sparse file
-      snapshot[name] = "size:" + std::to_string(status.st_size) + " mtime:" +
-                       std::to_string(status.st_mtim.tv_nsec);
-    } else {
-      snapshot[name] = "file:" + ReadFile(entry.path().string());
+    FileState& state = snapshot[name];
+    state.kind = std::to_string(status.st_mode & S_IFMT);
+    if (!S_ISREG(status.st_mode)) continue;
+    state.identity = std::to_string(status.st_ino) + "@" +
+                     std::to_string(status.st_mtim.tv_sec) + "." +
+                     std::to_string(status.st_mtim.tv_nsec);
+    if (status.st_size <= (1 << 20)) {  // not the sparse file
+      state.content = ReadFile(entry.path().string());
     }
   }
   return snapshot;
 }
 
-class HostileTest : public ToolTest,
-                    public testing::WithParamInterface<HostileCase> {
+// The scratch files the cases work on.
+class HostileFiles : public ToolTest {
  protected:
   void SetUp() override {
     ToolTest::SetUp();
@@ -67,12 +92,29 @@ class HostileTest : public ToolTest,
               0);
     ASSERT_EQ(Run({"restore", "--key", kKey, "-o", Path("dump.bin")}).exit_code,
               0);
+    // A binary table holding -0, which JSON cannot, alone and in a dump.
+    ASSERT_EQ(Run({"set", Path("p/basic.pb"), "initial_gain.r_gain=-0", "-o",
+                   Path("negzero.pb")})
+                  .exit_code,
+              0);
+    ASSERT_EQ(Run({"restore", "--basic", Path("negzero.pb"), "-o",
+                   Path("negzero.bin")})
+                  .exit_code,
+              0);
     ASSERT_EQ(mkfifo(Path("fifo.json").c_str(), 0644), 0);
+    no_device_ = MakeNullDevice(Path("null"));
     fs::create_directory(Path("dir.json"));
+    fs::create_directory(Path("adir"));
     fs::create_directories(Path("full.json/inside"));
     Write("empty.json", "");
     Write("garbage.pb", std::string("\xff\xfe\x01garbage\x00\x07", 12));
     Write("old.json", "old");
+    fs::create_directory(Path("edited"));
+    Write("edited/feature.json", "an edit");
+    // Names that do not tell the format.
+    fs::copy_file(Path("t/feature.json"), Path("feature.json~"));
+    fs::copy_file(Path("p/basic.pb"), Path("basic.bak"));
+    fs::copy_file(Path("t/basic.json"), Path("basic.svg"));
     fs::resize_file(Write("huge.json", ""), 65 << 20);  // sparse
   }
 
@@ -84,10 +126,26 @@ class HostileTest : public ToolTest,
     }
     return args;
   }
+
+  // Skips a case aimed at the test's own device node where none could be
+  // made: never at the machine's /dev/null.
+  bool NeedsMissingDevice(const std::vector<std::string>& args) const {
+    if (no_device_.empty()) return false;
+    for (const std::string& arg : args) {
+      if (arg == "{d}/null") return true;
+    }
+    return false;
+  }
+
+  std::string no_device_;
 };
+
+class HostileTest : public HostileFiles,
+                    public testing::WithParamInterface<HostileCase> {};
 
 TEST_P(HostileTest, FailsCleanlyAndTouchesNothing) {
   const HostileCase& c = GetParam();
+  if (NeedsMissingDevice(c.args)) GTEST_SKIP() << no_device_;
   const Snapshot before = Take(dir_);
   const ToolResult result =
       RunTool(Expand(c.args), dir_, c.file_size_limit);
@@ -96,15 +154,16 @@ TEST_P(HostileTest, FailsCleanlyAndTouchesNothing) {
   if (c.out.empty()) {
     EXPECT_EQ(result.out, "");
   } else {
-    EXPECT_THAT(result.out, HasSubstr(c.out));
+    EXPECT_THAT(result.out, HasSubstr(Expand({c.out})[0]));
   }
   Snapshot after = Take(dir_);
+  Snapshot expected = before;
   for (const std::string& name : c.may_change) {
     after.erase(name);
+    expected.erase(name);
   }
-  Snapshot expected = before;
-  for (const std::string& name : c.may_change) expected.erase(name);
-  EXPECT_EQ(after, expected) << "a file changed, appeared or was left behind";
+  EXPECT_EQ(after, expected)
+      << "a file changed, appeared, was touched or was left behind";
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -114,8 +173,8 @@ INSTANTIATE_TEST_SUITE_P(
                     "fifo.json: cannot read the file: it is a FIFO"},
         HostileCase{"ValidateDirectory", {"validate", "{d}/dir.json"}, 2,
                     "it is a directory"},
-        HostileCase{"ValidateDevice", {"validate", "/dev/null"}, 2,
-                    "/dev/null: cannot read the file: it is a device"},
+        HostileCase{"ValidateDevice", {"validate", "{d}/null"}, 2,
+                    "{d}/null: cannot read the file: it is a device"},
         HostileCase{"ValidateMissing", {"validate", "{d}/none.json"}, 2,
                     "none.json: cannot read the file: No such file"},
         HostileCase{"ValidateHuge", {"validate", "{d}/huge.json"}, 2,
@@ -156,7 +215,7 @@ INSTANTIATE_TEST_SUITE_P(
                     1, "12 bytes, but a tuning binary file has exactly 102944"},
         HostileCase{"GetHuge", {"get", "{d}/huge.json", "version"}, 2,
                     "more than any tuning file holds"},
-        HostileCase{"SetDevice", {"set", "/dev/null", "version.major=3"}, 2,
+        HostileCase{"SetDevice", {"set", "{d}/null", "version.major=3"}, 2,
                     "it is a device"},
         HostileCase{"SetOutOfRange",
                     {"set", "{d}/t/feature.json", "version.major=70000"}, 2,
@@ -185,9 +244,9 @@ INSTANTIATE_TEST_SUITE_P(
     Outputs, HostileTest,
     testing::Values(
         HostileCase{"ConvertOverDevice",
-                    {"convert", "{d}/t/basic.json", "/dev/null", "--to",
+                    {"convert", "{d}/t/basic.json", "{d}/null", "--to",
                      "json"},
-                    1, "/dev/null: is a device; refusing to write over it"},
+                    1, "{d}/null: is a device; refusing to write over it"},
         HostileCase{"ConvertOverEmptyDirectory",
                     {"convert", "{d}/t/basic.json", "{d}/dir.json"}, 1,
                     "is a directory; refusing"},
@@ -201,8 +260,9 @@ INSTANTIATE_TEST_SUITE_P(
                     {"convert", "{d}/t/basic.json", "{d}/t/basic.json"}, 1,
                     "is the input"},
         HostileCase{"PlotOverItsInput",
-                    {"plot", "{d}/t/basic.json", "-o", "{d}/t/basic.json"}, 1,
-                    "is the input"},
+                    {"plot", "{d}/basic.svg", "--from", "json", "-o",
+                     "{d}/basic.svg"},
+                    1, "is the input"},
         HostileCase{"SetOverAnotherInput",
                     {"set", "{d}/t/basic.json", "initial_cct=1", "-o",
                      "{d}/t/basic.json"},
@@ -220,17 +280,284 @@ INSTANTIATE_TEST_SUITE_P(
                     "cannot create the directory"},
         HostileCase{"ConvertCutShort",
                     {"convert", "{d}/t/color.json", "{d}/old.json"}, 1,
-                    "does not read back as written", "", {}, 20},
+                    "{d}/old.json: not written: the file-size limit (ulimit "
+                    "-f) of 10240 bytes is reached; the file is left as it "
+                    "was",
+                    "", {}, 20},
+        HostileCase{"ConvertCutShortNewFile",
+                    {"convert", "{d}/t/color.json", "{d}/new.json"}, 1,
+                    "the file-size limit (ulimit -f) of 10240 bytes is "
+                    "reached; no file was created",
+                    "", {}, 20},
         HostileCase{"BinaryConvertCutShort",
                     {"convert", "{d}/t/color.json", "{d}/p/basic.pb"}, 1,
-                    "does not read back as written", "", {}, 10},
+                    "the file-size limit", "", {}, 10},
         HostileCase{"RestoreCutShort",
                     {"restore", "-o", "{d}/old.json"}, 1,
-                    "was not written whole", "", {}, 100},
+                    "the file-size limit", "", {}, 100},
         HostileCase{"SetCutShort",
                     {"set", "{d}/t/feature.json", "version.minor=9"}, 1,
-                    "does not read back as written", "", {}, 20}),
+                    "the file-size limit", "", {}, 20},
+        HostileCase{"RestoreToStdout", {"restore", "--key", kKey, "-o", "-"},
+                    2, "-: this output is binary and is not written to "
+                       "stdout"},
+        HostileCase{"ExportToStdout", {"export", "--key", kKey, "-o", "-"}, 2,
+                    "four files cannot go to stdout"},
+        HostileCase{"PlotIntoPng",
+                    {"plot", "{d}/t/basic.json", "-o", "{d}/x.png"}, 2,
+                    "x.png: plot writes SVG, not png"}),
     [](const auto& info) { return info.param.name; });
+
+const std::vector<std::string> kExported = {"edited/basic.json",
+                                            "edited/advance.json",
+                                            "edited/color.json"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Edits, HostileTest,
+    testing::Values(
+        HostileCase{"ExportKeepsAnEdit",
+                    {"export", "--key", kKey, "-o", "{d}/edited"}, 1,
+                    "{d}/edited/feature.json: holds other content than what "
+                    "would be written (edited?); it is left as it was: give "
+                    "--force",
+                    "{d}/edited/color.json", kExported},
+        HostileCase{"DumpKeepsAnEdit",
+                    {"dump", "{d}/dump.bin", "-o", "{d}/edited"}, 1,
+                    "edited/feature.json: holds other content", "color.json",
+                    kExported},
+        HostileCase{"ExportForced",
+                    {"export", "--key", kKey, "-o", "{d}/edited", "--force"},
+                    0, "", "feature.json",
+                    {"edited/basic.json", "edited/advance.json",
+                     "edited/color.json", "edited/feature.json"}},
+        // The very content: not even rewritten.
+        HostileCase{"ExportOverTheSameFiles",
+                    {"export", "--key", kKey, "-o", "{d}/t"}, 0, "",
+                    "t/feature.json"},
+        HostileCase{"SetTheSameValue",
+                    {"set", "{d}/t/feature.json", "version.major=3"}, 0, "",
+                    "version.major: 3 -> 3"},
+        HostileCase{"ConvertNegativeZero",
+                    {"convert", "{d}/negzero.pb", "{d}/x.json"}, 0,
+                    "warning: {d}/x.json: 1 value(s) of -0 written as 0 (the "
+                    "first at initial_gain.r_gain)",
+                    "x.json", {"x.json"}},
+        HostileCase{"DumpNegativeZero",
+                    {"dump", "{d}/negzero.bin", "-o", "{d}/nz"}, 0,
+                    "warning: {d}/nz/basic.json: 1 value(s) of -0", "color",
+                    {"nz", "nz/basic.json", "nz/advance.json", "nz/color.json",
+                     "nz/feature.json"}},
+        HostileCase{"SetNegativeZero",
+                    {"set", "{d}/t/basic.json", "initial_gain.b_gain=-0"}, 0,
+                    "1 value(s) of -0 written as 0", "b_gain: 1.80403 -> -0",
+                    {"t/basic.json"}},
+        HostileCase{"SetPastTheCount",
+                    {"set", "{d}/t/basic.json",
+                     "illuminant_weight_table.cct_list[30]=7000"},
+                    0,
+                    "warning: illuminant_weight_table.cct_list[30]: entry 30 "
+                    "is at or past illuminant_weight_table.cct_number",
+                    "t/basic.json", {"t/basic.json"}},
+        HostileCase{"SetCountOverCapacity",
+                    {"set", "{d}/t/basic.json",
+                     "illuminant_weight_table.cct_number=37"},
+                    1,
+                    "illuminant_weight_table.cct_number is 37 but "
+                    "illuminant_weight_table.cct_list holds at most 36 "
+                    "entries"},
+        HostileCase{"SetCountOverCapacityForced",
+                    {"set", "{d}/t/basic.json",
+                     "illuminant_weight_table.cct_number=37", "--force"},
+                    0, "warning: illuminant_weight_table.cct_number",
+                    "cct_number: ", {"t/basic.json"}},
+        HostileCase{"SetToStdout",
+                    {"set", "{d}/t/basic.json", "initial_cct=4321", "-o", "-"},
+                    0, "initial_cct: ", "\"initial_cct\": 4321"}),
+    [](const auto& info) { return info.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(
+    Operands, HostileTest,
+    testing::Values(
+        HostileCase{"LoadOneTableTwice",
+                    {"load", "feature={d}/t/feature.json",
+                     "feature={d}/old.json", "--key", kKey},
+                    2, "the feature table is already given"},
+        HostileCase{"DiffToleranceNan",
+                    {"diff", "{d}/t/basic.json", "defaults:basic",
+                     "--tolerance", "nan"},
+                    2, "--tolerance"},
+        HostileCase{"DiffDirectory", {"diff", "{d}/adir", "{d}/t/basic.json"},
+                    2, "adir: cannot read the file: it is a directory"},
+        HostileCase{"GetBackupWithoutFrom",
+                    {"get", "{d}/feature.json~", "version"}, 2,
+                    "feature.json~: cannot tell the format from the name "
+                    "(.json, .pb or .bin); give --from json"},
+        HostileCase{"GetBackupFrom",
+                    {"get", "{d}/feature.json~", "version", "--from", "json"},
+                    0, "", "\"major\": 3"},
+        HostileCase{"DiffFrom",
+                    {"diff", "{d}/basic.bak", "{d}/p/basic.pb", "--from",
+                     "binary"},
+                    0, "", "0 field(s) differ"},
+        HostileCase{"RestoreFrom",
+                    {"restore", "--basic", "{d}/basic.bak", "--from", "binary",
+                     "-o", "{d}/x.bin"},
+                    0, "", "from {d}/basic.bak", {"x.bin"}},
+        HostileCase{"SetFrom",
+                    {"set", "{d}/feature.json~", "version.minor=8", "--from",
+                     "json"},
+                    0, "", "version.minor: 3 -> 8", {"feature.json~"}},
+        HostileCase{"ReportFrom",
+                    {"report", "--key", kKey, "--against", "{d}/basic.bak",
+                     "--from", "binary", "-o", "{d}/r.html"},
+                    0, "", "r.html", {"r.html"}},
+        HostileCase{"SetContainerTable",
+                    {"set", "awb:0,-1,1,0,-1:feature", "version.minor=1"}, 2,
+                    "awb:0,-1,1,0,-1:feature: set takes a tuning file (.json, "
+                    ".pb, .bin, or another name with --from), not a "
+                    "container's table; `q3a-tuning export --key 0,-1,1,0,-1 "
+                    "-o DIR` writes"},
+        HostileCase{"ConvertDefaultsTable",
+                    {"convert", "defaults:color", "{d}/x.json"}, 2,
+                    "convert takes a tuning file"},
+        HostileCase{"PlotToStdout", {"plot", "{d}/t/basic.json", "-o", "-"},
+                    0, "", "<svg"},
+        HostileCase{"ConvertToStdout", {"convert", "{d}/p/color.pb", "-"}, 0,
+                    "", "\"ccm_tuning_table\""},
+        HostileCase{"GetBadKeyInOperand",
+                    {"get", "awb:0,-1:feature", "version"}, 2,
+                    "awb:0,-1:feature: '0,-1' is not a key"}),
+    [](const auto& info) { return info.param.name; });
+
+// A run stopped at a random moment: every file it may write is either as it
+// was or as a whole run writes it, and nothing else is there.
+struct InterruptedCase {
+  const char* name;
+  std::vector<std::string> args;
+  std::vector<std::string> may_change;
+};
+
+void PrintTo(const InterruptedCase& c, std::ostream* os) { *os << c.name; }
+
+class InterruptedRunTest
+    : public HostileFiles,
+      public testing::WithParamInterface<InterruptedCase> {
+ protected:
+  // Puts the files a run may change back as they were in `snapshot`.
+  void PutBack(const Snapshot& snapshot) {
+    for (const std::string& name : GetParam().may_change) {
+      const auto was = snapshot.find(name);
+      if (was == snapshot.end()) {
+        fs::remove_all(Path(name));
+      } else if (!was->second.identity.empty()) {
+        WriteFile(Path(name), was->second.content);
+      }
+    }
+  }
+};
+
+TEST_P(InterruptedRunTest, LeavesTheOldFilesOrTheNewOnes) {
+  const InterruptedCase& c = GetParam();
+  const std::vector<std::string> args = Expand(c.args);
+  const Snapshot before = Take(dir_);
+  const auto start = std::chrono::steady_clock::now();
+  ASSERT_EQ(RunTool(args, dir_).exit_code, 0);
+  const auto whole_run = std::chrono::steady_clock::now() - start;
+  const Snapshot done = Take(dir_);
+  // The kind and the content only: an interrupted run writes anew.
+  const auto as_content = [&](Snapshot snapshot) {
+    for (auto& [name, state] : snapshot) state.identity.clear();
+    return snapshot;
+  };
+  std::mt19937 random(20240611);
+  const auto micros =
+      std::chrono::duration_cast<std::chrono::microseconds>(whole_run).count();
+  for (const int signal : {SIGINT, SIGKILL}) {
+    for (int run = 0; run < 12; ++run) {
+      PutBack(before);
+      const Snapshot start_state = Take(dir_);
+      const pid_t pid = SpawnTool(args, dir_, ".std.run");
+      ASSERT_GT(pid, 0);
+      std::this_thread::sleep_for(std::chrono::microseconds(
+          std::uniform_int_distribution<long>(0, micros * 6 / 5)(random)));
+      kill(pid, signal);
+      WaitTool(pid);
+      const Snapshot after = as_content(Take(dir_));
+      for (const auto& [name, state] : after) {
+        const auto was = start_state.find(name);
+        const auto whole = done.find(name);
+        const bool as_before = was != start_state.end() &&
+                               as_content({*was}).begin()->second == state;
+        const bool as_done = whole != done.end() &&
+                             as_content({*whole}).begin()->second == state;
+        EXPECT_TRUE(as_before || as_done)
+            << name << " after signal " << signal << ", run " << run;
+      }
+      for (const auto& [name, state] : start_state) {
+        EXPECT_TRUE(after.contains(name) || !done.contains(name))
+            << name << " went missing after signal " << signal;
+      }
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Signals, InterruptedRunTest,
+    testing::Values(
+        InterruptedCase{"Export",
+                        {"export", "--key", kKey, "-o", "{d}/x"},
+                        {"x"}},
+        InterruptedCase{"Report",
+                        {"report", "--key", kKey, "--against",
+                         "{d}/t/color.json", "-o", "{d}/r.html"},
+                        {"r.html"}},
+        InterruptedCase{"Restore",
+                        {"restore", "--key", kKey, "--feature",
+                         "{d}/t/feature.json", "-o", "{d}/dump.bin"},
+                        {"dump.bin"}},
+        InterruptedCase{"Set",
+                        {"set", "{d}/t/feature.json", "version.minor=9",
+                         "face_tuning_table.max_face_count=4"},
+                        {"t/feature.json"}}),
+    [](const auto& info) { return info.param.name; });
+
+// Parallel edits of one file: each that reports success is in the file.
+TEST_F(ToolTest, ParallelSetsLoseNoEdit) {
+  ASSERT_EQ(Run({"export", "--key", kKey, "-o", Path("t")}).exit_code, 0);
+  const std::string file = Path("t/feature.json");
+  const std::vector<std::string> fields = {
+      "version.major",
+      "version.minor",
+      "face_tuning_table.max_face_count",
+      "face_tuning_table.enable_flag",
+      "face_tuning_table.face_temporal_frame_number",
+      "face_tuning_table.face_temporal_frame_number_torch"};
+  for (int round = 1; round <= 2; ++round) {
+    std::vector<pid_t> runs;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      runs.push_back(SpawnTool(
+          {"set", file, fields[i] + "=" + std::to_string(round * 10 + i)},
+          dir_, ".std.set" + std::to_string(i)));
+    }
+    std::vector<bool> succeeded;
+    for (const pid_t pid : runs) {
+      const int status = WaitTool(pid);
+      succeeded.push_back(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      EXPECT_TRUE(succeeded[i]) << fields[i] << ", round " << round;
+      if (!succeeded[i]) continue;
+      const ToolResult value = Run({"get", file, fields[i]});
+      EXPECT_EQ(value.out, std::to_string(round * 10 + i) + "\n")
+          << fields[i] << " lost in round " << round;
+    }
+  }
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(Path("t"))) {
+    names.push_back(entry.path().filename().string());
+  }
+  EXPECT_EQ(names.size(), 4u) << "a temporary was left behind";
+}
 
 }  // namespace
 }  // namespace q3a_test

@@ -1,4 +1,4 @@
-#include "tools/q3a_tuning/json_document.h"
+#include "tools/q3a_tuning/lint/json_document.h"
 
 #include <google/protobuf/util/json_util.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 #include <variant>
 
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
-#include "tools/q3a_tuning/json_diagnosis.h"
+#include "tools/q3a_tuning/lint/json_diagnosis.h"
 
 namespace q3a_tool {
 namespace {

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "tests/support/scoped_temp_dir.h"
-#include "tools/q3a_tuning/table_sources.h"
-#include "tools/q3a_tuning/validate.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/lint/validate.h"
 
 namespace q3a_tool {
 namespace {

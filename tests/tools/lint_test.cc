@@ -1,4 +1,4 @@
-#include "tools/q3a_tuning/lint.h"
+#include "tools/q3a_tuning/lint/lint.h"
 
 #include <google/protobuf/util/json_util.h>
 #include <gtest/gtest.h>
@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
-#include "tools/q3a_tuning/count_rules.h"
-#include "tools/q3a_tuning/field_limits.h"
+#include "tools/q3a_tuning/io/count_rules.h"
+#include "tools/q3a_tuning/io/field_limits.h"
 
 namespace q3a_tool {
 namespace {

@@ -1,23 +1,33 @@
-#include "tools/q3a_tuning/output_file.h"
+#include "tools/q3a_tuning/io/output_file.h"
 
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <grp.h>
 #include <gtest/gtest.h>
+#include <linux/fs.h>
+#include <sched.h>
+#include <sys/ioctl.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "tests/support/device_node.h"
 #include "tests/support/file_bytes.h"
+#include "tools/q3a_tuning/io/temporary_file.h"
 
 namespace q3a_tool {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::HasSubstr;
 
 // Names of the files in `dir`, so a test sees a temporary left behind.
 std::vector<std::string> Listing(const fs::path& dir) {
@@ -27,6 +37,29 @@ std::vector<std::string> Listing(const fs::path& dir) {
   }
   std::sort(names.begin(), names.end());
   return names;
+}
+
+// Runs `body` in a child process, so that what it changes of the process
+// (limits, user, mount namespace) ends with it; returns what body returned.
+std::string InChild(const std::function<std::string()>& body) {
+  int pipe_fds[2];
+  if (pipe(pipe_fds) != 0) return "pipe failed";
+  const pid_t pid = fork();
+  if (pid == 0) {
+    close(pipe_fds[0]);
+    const std::string out = body();
+    (void)!write(pipe_fds[1], out.data(), out.size());
+    _exit(0);
+  }
+  close(pipe_fds[1]);
+  std::string out;
+  char buffer[512];
+  for (ssize_t n; (n = read(pipe_fds[0], buffer, sizeof(buffer))) > 0;) {
+    out.append(buffer, static_cast<std::size_t>(n));
+  }
+  close(pipe_fds[0]);
+  waitpid(pid, nullptr, 0);
+  return out;
 }
 
 TEST(WriteOutputFile, ReplacesAFileAndKeepsItsMode) {
@@ -51,12 +84,46 @@ TEST(WriteOutputFile, WritesThroughALinkAndKeepsTheLink) {
   EXPECT_EQ(q3a_test::ReadFile(dir.File("real.json")), "new");
 }
 
+TEST(WriteOutputFile, RefusesAFileChangedSinceItWasRead) {
+  q3a_test::ScopedTempDir dir;
+  const std::string target = dir.File("out.json");
+  q3a_test::WriteFile(target, "read");
+  const std::optional<FileStamp> read = StampOf(target);
+  q3a_test::WriteFile(target, "an editor's save");
+  const auto error =
+      WriteOutputFile(target, "edited", {.unchanged_since = read});
+  ASSERT_NE(error, std::nullopt);
+  EXPECT_THAT(error->message, HasSubstr("changed by another program"));
+  EXPECT_EQ(q3a_test::ReadFile(target), "an editor's save");
+  EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.json"});
+}
+
+TEST(WriteOutputFile, AFailedVerificationKeepsTheOldFile) {
+  q3a_test::ScopedTempDir dir;
+  const std::string target = dir.File("out.bin");
+  q3a_test::WriteFile(target, "old");
+  std::string seen;
+  const auto error = WriteOutputFile(
+      target, "half",
+      {.verify = [&](const std::string& written) -> std::optional<std::string> {
+        seen = q3a_test::ReadFile(written);
+        return "came out short";
+      }});
+  ASSERT_NE(error, std::nullopt);
+  EXPECT_EQ(seen, "half");
+  EXPECT_EQ(error->message,
+            target + ": came out short; the file is left as it was");
+  EXPECT_EQ(q3a_test::ReadFile(target), "old");
+  EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.bin"});
+}
+
 // Each case makes a target that must be refused, with the words the message
 // must hold; the target must be untouched afterwards.
 struct RefusedTarget {
   const char* name;
   std::function<std::string(const q3a_test::ScopedTempDir&)> make;
   const char* says;
+  int exit_code = kExitFailure;
 };
 
 class RefusedOutput : public ::testing::TestWithParam<RefusedTarget> {};
@@ -65,17 +132,17 @@ TEST_P(RefusedOutput, LeavesEverythingAsItWas) {
   q3a_test::ScopedTempDir dir;
   q3a_test::WriteFile(dir.File("input.json"), "input");
   const std::string target = GetParam().make(dir);
+  if (target.starts_with("SKIP")) GTEST_SKIP() << target;
   const std::vector<std::string> before = Listing(dir.path());
   struct stat status_before;
   const bool existed = lstat(target.c_str(), &status_before) == 0;
   const std::string inputs[] = {dir.File("input.json")};
 
-  const auto error = WriteOutputFile(target, "replacement", inputs);
+  const auto error = WriteOutputFile(target, "replacement", {.inputs = inputs});
   ASSERT_NE(error, std::nullopt);
-  EXPECT_EQ(error->exit_code, kExitFailure);
-  EXPECT_NE(error->message.find(target), std::string::npos) << error->message;
-  EXPECT_NE(error->message.find(GetParam().says), std::string::npos)
-      << error->message;
+  EXPECT_EQ(error->exit_code, GetParam().exit_code);
+  EXPECT_THAT(error->message, HasSubstr(target));
+  EXPECT_THAT(error->message, HasSubstr(GetParam().says));
   EXPECT_EQ(Listing(dir.path()), before);
   EXPECT_EQ(q3a_test::ReadFile(dir.File("input.json")), "input");
   struct stat status_after;
@@ -101,7 +168,12 @@ INSTANTIATE_TEST_SUITE_P(
                         return dir.File("fifo");
                       },
                       "a FIFO"},
-        RefusedTarget{"Device", [](const auto&) { return std::string("/dev/null"); },
+        RefusedTarget{"Device",
+                      [](const auto& dir) {
+                        const std::string why =
+                            q3a_test::MakeNullDevice(dir.File("null"));
+                        return why.empty() ? dir.File("null") : "SKIP " + why;
+                      },
                       "a device"},
         RefusedTarget{"SameFileAsInput",
                       [](const auto& dir) { return dir.File("input.json"); },
@@ -122,57 +194,203 @@ INSTANTIATE_TEST_SUITE_P(
                       "is the input"},
         RefusedTarget{"MissingDirectory",
                       [](const auto& dir) { return dir.File("none/out.json"); },
-                      "the directory"}),
+                      "the directory"},
+        RefusedTarget{"BinaryToStdout",
+                      [](const auto&) { return std::string(kStdoutPath); },
+                      "is not written to stdout", kExitUsage}),
     [](const auto& info) { return std::string(info.param.name); });
 
-// RAII for the file-size limit, so a failing assertion cannot leave the rest
-// of the suite limited.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &saved_);
-    rlimit limit = saved_;
-    limit.rlim_cur = bytes;
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &saved_); }
+// Makes a write into `dir` fail: returns why that cannot be done here, or "".
+using Arrange = std::string (*)(const std::string& dir);
 
- private:
-  rlimit saved_;
+std::string AsNobody(const std::string& dir) {
+  if (geteuid() != 0) return "";
+  // The scratch directory is the test user's own.
+  chmod(fs::path(dir).parent_path().c_str(), 0711);
+  if (setgroups(0, nullptr) != 0 || setresgid(65534, 65534, 65534) != 0 ||
+      setresuid(65534, 65534, 65534) != 0) {
+    return "cannot run as an unprivileged user";
+  }
+  return "";
+}
+
+std::string InSmallFileSystem(const std::string& dir) {
+  if (unshare(CLONE_NEWNS) != 0 ||
+      mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+      mount("tmpfs", dir.c_str(), "tmpfs", 0, "size=64k") != 0) {
+    return "mounting a file system of the test's own needs CAP_SYS_ADMIN";
+  }
+  return "";
+}
+
+struct FailedWrite {
+  const char* name;
+  bool existed;  // a file "old" is there before the write
+  Arrange arrange;
+  const char* cause;
 };
 
-TEST(WriteOutputFile, AWriteCutShortKeepsTheOldFile) {
-  q3a_test::ScopedTempDir dir;
-  const std::string target = dir.File("out.json");
-  q3a_test::WriteFile(target, "old");
-  std::optional<ToolError> error;
-  {
-    FileSizeLimit limit(1024);
-    error = WriteOutputFile(target, std::string(4096, 'x'));
+class FailedWriteTest : public ::testing::TestWithParam<FailedWrite> {};
+
+// The write runs in a child that arranges the failure; it reports the
+// message and whether the directory is as it was.
+TEST_P(FailedWriteTest, NamesTheCauseAndKeepsWhatWasThere) {
+  const FailedWrite& c = GetParam();
+  q3a_test::ScopedTempDir scratch;
+  const std::string dir = scratch.File("w");
+  fs::create_directory(dir);
+  const std::string target = dir + "/out.json";
+  const std::string report = InChild([&]() -> std::string {
+    std::string why = c.arrange(dir);
+    if (!why.empty()) return "SKIP " + why;
+    const auto error = WriteOutputFile(target, std::string(256 << 10, 'x'));
+    const std::vector<std::string> expected =
+        c.existed ? std::vector<std::string>{"out.json"}
+                  : std::vector<std::string>{};
+    const bool clean = Listing(dir) == expected &&
+                       (!c.existed || q3a_test::ReadFile(target) == "old");
+    return (clean ? "clean|" : "changed|") +
+           (error ? error->message : std::string("written"));
+  });
+  // The immutable case leaves the flag set; the scratch must go.
+  if (const int fd = open(target.c_str(), O_RDONLY); fd >= 0) {
+    int flags = 0;
+    ioctl(fd, FS_IOC_SETFLAGS, &flags);
+    close(fd);
   }
-  ASSERT_NE(error, std::nullopt);
-  EXPECT_NE(error->message.find("write failed"), std::string::npos);
-  EXPECT_EQ(q3a_test::ReadFile(target), "old");
-  EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.json"});
+  if (report.starts_with("SKIP")) GTEST_SKIP() << report;
+  EXPECT_THAT(report, HasSubstr(std::string("not written: ") + c.cause));
+  EXPECT_THAT(report, HasSubstr(c.existed ? "the file is left as it was"
+                                          : "no file was created"));
+  EXPECT_THAT(report, testing::StartsWith("clean|"));
 }
 
-TEST(WriteOutputFileWith, AFailedVerificationKeepsTheOldFile) {
-  q3a_test::ScopedTempDir dir;
-  const std::string target = dir.File("out.bin");
-  q3a_test::WriteFile(target, "old");
-  const auto error = WriteOutputFileWith(
-      target, {},
-      [](const std::string& temporary) {
-        q3a_test::WriteFile(temporary, "half");
-      },
-      [&](const std::string& temporary) -> std::optional<ToolError> {
-        EXPECT_EQ(q3a_test::ReadFile(temporary), "half");
-        return ToolError{target + ": came out short", kExitFailure};
-      });
-  ASSERT_NE(error, std::nullopt);
-  EXPECT_EQ(q3a_test::ReadFile(target), "old");
-  EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.bin"});
+std::string OldFile(const std::string& dir) {
+  return q3a_test::WriteFile(dir + "/out.json", "old") ? "" : "cannot write";
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Causes, FailedWriteTest,
+    ::testing::Values(
+        FailedWrite{"FileSizeLimit", true,
+                    [](const std::string& dir) {
+                      OldFile(dir);
+                      const rlimit limit{64 << 10, RLIM_INFINITY};
+                      setrlimit(RLIMIT_FSIZE, &limit);
+                      return std::string();
+                    },
+                    "the file-size limit (ulimit -f) of 65536 bytes"},
+        FailedWrite{"DiskFull", true,
+                    [](const std::string& dir) {
+                      const std::string why = InSmallFileSystem(dir);
+                      return why.empty() ? OldFile(dir) : why;
+                    },
+                    "the disk is full"},
+        FailedWrite{"ReadOnlyFileSystem", true,
+                    [](const std::string& dir) {
+                      std::string why = InSmallFileSystem(dir);
+                      if (why.empty()) why = OldFile(dir);
+                      if (why.empty() &&
+                          mount(nullptr, dir.c_str(), nullptr,
+                                MS_REMOUNT | MS_RDONLY, nullptr) != 0) {
+                        why = "cannot remount read-only";
+                      }
+                      return why;
+                    },
+                    "the file system is read-only"},
+        FailedWrite{"ReadOnlyFile", true,
+                    [](const std::string& dir) {
+                      OldFile(dir);
+                      chmod((dir + "/out.json").c_str(), 0444);
+                      chmod(dir.c_str(), 0777);
+                      return AsNobody(dir);
+                    },
+                    "the file is read-only"},
+        FailedWrite{"DirectoryNotWritable", false,
+                    [](const std::string& dir) {
+                      chmod(dir.c_str(), 0555);
+                      return AsNobody(dir);
+                    },
+                    "the directory"},
+        FailedWrite{"ImmutableFile", true,
+                    [](const std::string& dir) -> std::string {
+                      OldFile(dir);
+                      const int fd =
+                          open((dir + "/out.json").c_str(), O_RDONLY);
+                      int flags = FS_IMMUTABLE_FL;
+                      const bool set = ioctl(fd, FS_IOC_SETFLAGS, &flags) == 0;
+                      close(fd);
+                      if (!set) {
+                        return "chattr +i needs root and a file system that "
+                               "has the flag";
+                      }
+                      return "";
+                    },
+                    "the file is immutable (chattr +i)"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+bool HasUnnamedFiles(const std::string& dir) {
+  const int fd = open(dir.c_str(), O_TMPFILE | O_RDWR, 0600);
+  if (fd < 0) return false;
+  close(fd);
+  return true;
+}
+
+struct Interruption {
+  const char* name;
+  bool named;  // as on a file system without unnamed files
+  int signal;
+};
+
+class InterruptedWrite : public ::testing::TestWithParam<Interruption> {};
+
+// The child stops while its output is written; the test looks at the
+// directory, then sends the signal.
+TEST_P(InterruptedWrite, LeavesOnlyTheOldFile) {
+  const Interruption& c = GetParam();
+  q3a_test::ScopedTempDir dir;
+  if (!c.named && !HasUnnamedFiles(dir.path().string())) {
+    GTEST_SKIP() << "the file system of " << dir.path() << " has no O_TMPFILE";
+  }
+  const std::string target = dir.File("out.json");
+  q3a_test::WriteFile(target, "old");
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  const pid_t pid = fork();
+  if (pid == 0) {
+    if (c.named) internal::ForceNamedTemporaries();
+    (void)WriteOutputFile(
+        target, "new", {.verify = [&](const std::string&) {
+          (void)!write(ready[1], "r", 1);
+          pause();
+          return std::optional<std::string>();
+        }});
+    _exit(0);
+  }
+  char byte;
+  ASSERT_EQ(read(ready[0], &byte, 1), 1);
+  const std::vector<std::string> during = Listing(dir.path());
+  kill(pid, c.signal);
+  int status = 0;
+  waitpid(pid, &status, 0);
+  close(ready[0]);
+  close(ready[1]);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  EXPECT_EQ(WTERMSIG(status), c.signal);
+  EXPECT_EQ(during.size(), c.named ? 2u : 1u)
+      << "a named temporary is the fallback only";
+  EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.json"});
+  EXPECT_EQ(q3a_test::ReadFile(target), "old");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Signals, InterruptedWrite,
+    ::testing::Values(Interruption{"UnnamedKill", false, SIGKILL},
+                      Interruption{"UnnamedInterrupt", false, SIGINT},
+                      Interruption{"NamedInterrupt", true, SIGINT},
+                      Interruption{"NamedTerminate", true, SIGTERM},
+                      Interruption{"NamedHangUp", true, SIGHUP}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace q3a_tool

@@ -8,10 +8,10 @@
 #include <limits>
 #include <ostream>
 
-#include "tools/q3a_tuning/plot_axes.h"
-#include "tools/q3a_tuning/plot_layout.h"
-#include "tools/q3a_tuning/plot_render.h"
-#include "tools/q3a_tuning/svg_canvas.h"
+#include "tools/q3a_tuning/plot/plot_axes.h"
+#include "tools/q3a_tuning/plot/plot_layout.h"
+#include "tools/q3a_tuning/plot/plot_render.h"
+#include "tools/q3a_tuning/plot/svg_canvas.h"
 
 namespace q3a_tool {
 namespace {

@@ -1,4 +1,4 @@
-#include "tools/q3a_tuning/record_diff.h"
+#include "tools/q3a_tuning/io/record_diff.h"
 
 #include <gtest/gtest.h>
 

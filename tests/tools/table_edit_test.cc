@@ -1,10 +1,15 @@
 // get and set by path: values come back as JSON, changes are checked
 // against the schema and the record (type, narrow range, capacity), and a
 // refused change says why and names the nearest field.
-#include "tools/q3a_tuning/table_edit.h"
+#include "tools/q3a_tuning/io/table_edit.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tools/q3a_tuning/io/edit_counts.h"
 
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 
@@ -60,6 +65,71 @@ INSTANTIATE_TEST_SUITE_P(
                     "set one entry"},
         RefusedEdit{"SubTable", "initial_gain", "1", "set its fields"},
         RefusedEdit{"IndexOnAValue", "initial_cct[0]", "1", "not a list"}),
+    [](const auto& info) { return info.param.name; });
+
+// Edits the library takes without a word: an entry no count reaches, a
+// count past the capacity. Entries are counted through nested lists and
+// rows of the flag matrix.
+struct CountedEdit {
+  const char* name;
+  std::vector<std::string> assignments;
+  const char* unused;         // the warning holds this ("" : no warning)
+  const char* over_capacity;  // the refusal holds this ("" : none)
+};
+
+class CountedEditTest : public testing::TestWithParam<CountedEdit> {};
+
+TEST_P(CountedEditTest, WarnsOfUnusedEntriesAndRefusesOverfullCounts) {
+  qawb::tuning::QAWBBasicTuningTable table;
+  std::vector<std::string> paths;
+  for (const std::string& assignment : GetParam().assignments) {
+    const std::size_t equals = assignment.find('=');
+    paths.push_back(assignment.substr(0, equals));
+    ASSERT_TRUE(
+        SetValue(table, paths.back(), assignment.substr(equals + 1)).ok());
+  }
+  const EditCountCheck check = CheckEditedCounts(table, paths);
+  for (const auto& [found, expected] :
+       {std::pair{check.unused_entries, GetParam().unused},
+        std::pair{check.over_capacity, GetParam().over_capacity}}) {
+    if (*expected == '\0') {
+      EXPECT_TRUE(found.empty()) << found[0];
+    } else {
+      ASSERT_EQ(found.size(), 1u);
+      EXPECT_THAT(found[0], HasSubstr(expected));
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, CountedEditTest,
+    testing::Values(
+        CountedEdit{"WithinTheCount",
+                    {"illuminant_weight_table.cct_number=3",
+                     "illuminant_weight_table.cct_list[2]=7"},
+                    "", ""},
+        CountedEdit{"AtTheCount",
+                    {"illuminant_weight_table.cct_number=2",
+                     "illuminant_weight_table.cct_list[2]=7"},
+                    "cct_list[2]: entry 2 is at or past "
+                    "illuminant_weight_table.cct_number (2)",
+                    ""},
+        CountedEdit{"PastTheOuterCountOfANestedList",
+                    {"region_list.bv_number=2", "region_list.radius_numbers=5",
+                     "region_list.region_bv_list[4].region_list[0]"
+                     ".radius_list[3]=9"},
+                    "entry 4 is at or past region_list.bv_number (2)", ""},
+        CountedEdit{"RowOfTheFlagMatrix",
+                    {"luminance_weight_table.bv_number=1",
+                     "luminance_weight_table.mask_list[9]=true"},
+                    "entry 1 is at or past luminance_weight_table.bv_number",
+                    ""},
+        CountedEdit{"CountAtCapacity",
+                    {"illuminant_weight_table.cct_number=36"}, "", ""},
+        CountedEdit{"CountPastCapacity",
+                    {"illuminant_weight_table.cct_number=37"}, "",
+                    "illuminant_weight_table.cct_number is 37 but "
+                    "illuminant_weight_table.cct_list holds at most 36"}),
     [](const auto& info) { return info.param.name; });
 
 }  // namespace

@@ -1,7 +1,7 @@
 // Which table a file holds: every table written by the library's writers is
 // named as itself in both formats and refused as any other, a container
 // dump is named as such, and what fits several tables is not guessed.
-#include "tools/q3a_tuning/table_guess.h"
+#include "tools/q3a_tuning/io/table_guess.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,9 +9,9 @@
 #include <string>
 
 #include "tests/support/scoped_temp_dir.h"
-#include "tools/q3a_tuning/input_file.h"
-#include "tools/q3a_tuning/table_sources.h"
-#include "tools/q3a_tuning/tuning_binary_file.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/input_file.h"
+#include "tools/q3a_tuning/io/tuning_binary_file.h"
 
 namespace q3a_tool {
 namespace {
@@ -21,10 +21,10 @@ class TableGuessTest : public testing::TestWithParam<FileFormat> {};
 TEST_P(TableGuessTest, NamesEveryDefaultTableAndRefusesTheOthers) {
   q3a_test::ScopedTempDir dir;
   const auto defaults = DefaultContainer();
-  std::vector<std::string> written;
-  ASSERT_EQ(WriteTableFiles(*defaults, dir.path().string(), GetParam(),
-                            /*compact=*/false, {}, written),
-            std::nullopt);
+  const TableFilesResult result =
+      WriteTableFiles(*defaults, dir.path().string(), {GetParam()});
+  ASSERT_TRUE(result.errors.empty());
+  const std::vector<std::string>& written = result.written;
   for (std::size_t i = 0; i < written.size(); ++i) {
     const TableKind kind = kAllTableKinds[i];
     const Result<std::string> content = ReadInputFile(written[i]);

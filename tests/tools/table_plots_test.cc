@@ -1,7 +1,7 @@
 // The table pictures drawn from every registered container's tables: the
 // layout properties hold on real data, empty tables say "no data", non-finite
 // values become findings, and comparisons outline exactly the changed cells.
-#include "tools/q3a_tuning/table_plots.h"
+#include "tools/q3a_tuning/plot/table_plots.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,11 +11,11 @@
 
 #include "coordinator/tuning_map.h"
 #include "tests/support/record_pairs.h"
-#include "tools/q3a_tuning/html_report.h"
-#include "tools/q3a_tuning/plot_layout.h"
-#include "tools/q3a_tuning/plot_render.h"
-#include "tools/q3a_tuning/registry_view.h"
-#include "tools/q3a_tuning/table_file.h"
+#include "tools/q3a_tuning/plot/html_report.h"
+#include "tools/q3a_tuning/plot/plot_layout.h"
+#include "tools/q3a_tuning/plot/plot_render.h"
+#include "tools/q3a_tuning/io/registry_view.h"
+#include "tools/q3a_tuning/io/table_file.h"
 
 namespace q3a_tool {
 namespace {

@@ -3,7 +3,9 @@
 #ifndef TESTS_TOOLS_TOOL_RUNNER_H_
 #define TESTS_TOOLS_TOOL_RUNNER_H_
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <spawn.h>
 #include <stdlib.h>
 #include <sys/wait.h>
 
@@ -25,18 +27,25 @@ struct ToolResult {
   std::string err;
 };
 
-// Single quotes around every argument; the tests never pass a quote.
+// The shell command that runs the tool (through the target's run prefix
+// when cross-built), single quotes around every argument; the tests never
+// pass a quote.
+inline std::string ToolCommand(const std::vector<std::string>& args) {
+  std::string command = Q3A_TUNING_TOOL;
+  for (const std::string& arg : args) command += " '" + arg + "'";
+  return command;
+}
+
 // `file_size_limit` > 0 runs the tool under `ulimit -f` (in the shell's
 // blocks) to cut its writes short.
 inline ToolResult RunTool(const std::vector<std::string>& args,
                           const std::string& scratch,
                           int file_size_limit = 0) {
-  std::string command = Q3A_TUNING_TOOL;
+  std::string command = ToolCommand(args);
   if (file_size_limit > 0) {
     command = "ulimit -f " + std::to_string(file_size_limit) + "; exec " +
               command;
   }
-  for (const std::string& arg : args) command += " '" + arg + "'";
   const std::string out = scratch + "/.stdout";
   const std::string err = scratch + "/.stderr";
   command += " >" + out + " 2>" + err;
@@ -46,6 +55,41 @@ inline ToolResult RunTool(const std::vector<std::string>& args,
   result.out = ReadFile(out);
   result.err = ReadFile(err);
   return result;
+}
+
+// Starts the tool without waiting, for runs in parallel or interrupted by a
+// signal; its stdout and stderr go to `capture`.out and .err in `scratch`.
+// The pid, or -1.
+inline pid_t SpawnTool(const std::vector<std::string>& args,
+                       const std::string& scratch,
+                       const std::string& capture) {
+  // exec: the pid is the tool's own, so a signal reaches the tool.
+  std::string shell = "/bin/sh";
+  std::string dash_c = "-c";
+  std::string command = "exec " + ToolCommand(args);
+  char* argv[] = {shell.data(), dash_c.data(), command.data(), nullptr};
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, 1,
+                                   (scratch + "/" + capture + ".out").c_str(),
+                                   O_WRONLY | O_CREAT | O_TRUNC, 0644);
+  posix_spawn_file_actions_addopen(&actions, 2,
+                                   (scratch + "/" + capture + ".err").c_str(),
+                                   O_WRONLY | O_CREAT | O_TRUNC, 0644);
+  pid_t pid = -1;
+  if (posix_spawn(&pid, argv[0], &actions, nullptr, argv, environ) != 0) {
+    pid = -1;
+  }
+  posix_spawn_file_actions_destroy(&actions);
+  return pid;
+}
+
+// The wait status of a spawned run.
+inline int WaitTool(pid_t pid) {
+  int status = 0;
+  while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+  }
+  return status;
 }
 
 class ToolTest : public testing::Test {

@@ -1,0 +1,108 @@
+// `convert`: a table between JSON and binary protobuf tuning files, through
+// the record the phone would hold, so the output is what the library reads.
+#include <fmt/format.h>
+
+#include <memory>
+#include <string>
+
+#include "tools/q3a_tuning/commands/command_options.h"
+#include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/input_file.h"
+#include "tools/q3a_tuning/io/output_file.h"
+#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/table_diagnostics.h"
+#include "tools/q3a_tuning/lint/validate.h"
+
+namespace q3a_tool {
+namespace {
+
+struct ConvertOptions {
+  std::string input;
+  std::string output;
+  std::string table;
+  std::string from;
+  std::string to;
+  bool compact = false;
+};
+
+int RunConvert(const ConvertOptions& options) {
+  if (auto refused = RequireFileOperand(options.input, "convert")) {
+    return ReportError(*refused);
+  }
+  const Result<FileFormat> from = InputFormat(options.input, options.from);
+  if (!from.ok()) return ReportError(from.error());
+  // stdout takes text only, so "-" means JSON unless --to says otherwise.
+  const Result<FileFormat> to =
+      options.output == kStdoutPath && options.to.empty()
+          ? FileFormat::kJson
+          : ResolveFormat(options.output, options.to);
+  if (!to.ok()) return ReportError(to.error());
+  const std::string inputs[] = {options.input};
+  TableFileOptions write{*to, options.compact, {.inputs = inputs}};
+  write.output.text = *to == FileFormat::kJson;
+  if (auto refused = CheckOutputPath(options.output, write.output)) {
+    return ReportError(*refused);
+  }
+  const Result<TableKind> kind =
+      ResolveTable(options.input, *from, options.table);
+  if (!kind.ok()) return ReportError(kind.error());
+  // The record keeps only what fits; say so before it is lost.
+  const ValidationReport report =
+      ValidateTableFile(options.input, *from, *kind);
+  if (report.unreadable) return ReportError(*report.unreadable);
+  if (!report.accepted) {
+    for (const Problem& problem : report.problems) {
+      fmt::print(stderr, "{}\n", ProblemText(problem));
+    }
+    return kExitFailure;
+  }
+  for (const Problem& problem : report.problems) {
+    fmt::print(stderr, "warning: {}\n", ProblemText(problem));
+  }
+  return VisitTableKind(*kind, [&](auto type) {
+    using Record = typename decltype(type)::type;
+    auto table = MakeZeroedTable<Record>();
+    if (auto error = LoadTableFile(options.input, *from, *table)) {
+      return ReportError(*error);
+    }
+    const Result<std::vector<std::string>> warnings =
+        WriteTableFile(options.output, *table, write);
+    if (!warnings.ok()) return ReportError(warnings.error());
+    for (const std::string& warning : *warnings) {
+      fmt::print(stderr, "warning: {}\n", warning);
+    }
+    if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
+    return kExitOk;
+  });
+}
+
+}  // namespace
+
+void AddConvertCommand(CLI::App& app, int& exit_code) {
+  auto options = std::make_shared<ConvertOptions>();
+  auto* command = app.add_subcommand(
+      "convert",
+      "Convert a tuning file between JSON and binary protobuf. The table "
+      "passes through its record: entries beyond capacity are dropped "
+      "(with a warning) and every list comes out at full capacity unless "
+      "--compact. The output must not be the input.");
+  command->add_option("input", options->input, "Tuning file to read")
+      ->required();
+  command->add_option("output", options->output,
+                      "Tuning file to write; - for stdout (JSON only)")
+      ->required();
+  command->add_option("--table", options->table,
+                      TableNames() + " (guessed if omitted)");
+  AddFromOption(*command, options->from);
+  command->add_option("--to", options->to,
+                      "json or binary (from the extension if omitted)");
+  command->add_flag("--compact", options->compact,
+                    "Write only what carries meaning: lists up to their "
+                    "counts, no zero tails, no default scalars");
+  command->footer("Example:\n  q3a-tuning convert feature.json feature.pb");
+  command->callback(
+      [&exit_code, options] { exit_code = RunConvert(*options); });
+}
+
+}  // namespace q3a_tool

@@ -1,0 +1,167 @@
+// `diff`: two tables compared field by field, each from a tuning file, a
+// registered container or the default tables. Exit codes as diff(1): 0 the
+// same, 1 different, 2 trouble (usage, an operand that cannot be read, or
+// operands that hold different tables).
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <string>
+#include <variant>
+
+#include "tools/q3a_tuning/commands/command_options.h"
+#include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/input_file.h"
+#include "tools/q3a_tuning/io/problem.h"
+#include "tools/q3a_tuning/io/record_diff.h"
+#include "tools/q3a_tuning/lint/json_document.h"
+
+namespace q3a_tool {
+namespace {
+
+struct DiffOptions {
+  std::string a;
+  std::string b;
+  std::string table;
+  double tolerance = 0.0;
+  bool json = false;
+  std::string from;
+};
+
+ToolError Trouble(ToolError error) {
+  error.exit_code = kExitUsage;
+  return error;
+}
+
+// The table both operands hold: named by --table or a container operand,
+// else guessed from the files, which must agree.
+Result<TableKind> CommonTable(const TableOperand& a, const TableOperand& b,
+                              const std::string& table_option) {
+  std::optional<TableKind> kind;
+  if (!table_option.empty()) {
+    const Result<TableKind> named = ParseTableOption(table_option);
+    if (!named.ok()) return named;
+    kind = *named;
+  }
+  // A container operand names its table; files are checked against it.
+  if (!kind) kind = a.kind ? a.kind : b.kind;
+  for (const TableOperand* operand : {&a, &b}) {
+    std::optional<TableKind> own = operand->kind;
+    if (!own && !operand->file.empty()) {
+      const Result<FileFormat> format =
+          InputFormat(operand->file, operand->from);
+      if (!format.ok()) return format.error();
+      const Result<TableKind> guessed =
+          ResolveTable(operand->file, *format, kind ? std::string(TableName(*kind)) : "");
+      if (!guessed.ok()) return guessed.error();
+      own = *guessed;
+    }
+    if (own && kind && *own != *kind) {
+      return ToolError{TableMismatch(operand->name, *own, *kind)};
+    }
+    if (own) kind = own;
+  }
+  return *kind;
+}
+
+// The differences as validate prints findings: the new operand's file and,
+// for a JSON file, the place of each value in it.
+void PrintJson(const TableOperand& b,
+               const std::vector<Difference>& differences) {
+  std::optional<JsonDocument> document;
+  if (!b.file.empty() && FormatFromPath(b.file) == FileFormat::kJson) {
+    const Result<std::string> content = ReadInputFile(b.file);
+    std::vector<JsonLeniency> leniencies;
+    if (content.ok()) {
+      auto parsed = ParseJsonDocument(*content, &leniencies);
+      if (auto* parsed_document = std::get_if<JsonDocument>(&parsed)) {
+        document = std::move(*parsed_document);
+      }
+    }
+  }
+  std::vector<Problem> problems;
+  for (const Difference& d : differences) {
+    Problem problem{b.name, 0, 0, d.path, "differs",
+                    d.old_value + " -> " + d.new_value};
+    if (document) {
+      const TextPosition at = PositionOfPath(document->root(), d.path);
+      problem.line = at.line;
+      problem.column = at.column;
+    }
+    problems.push_back(std::move(problem));
+  }
+  fmt::print("{}", ProblemsJson(problems));
+}
+
+int RunDiff(const DiffOptions& options) {
+  if (!(options.tolerance >= 0) || !std::isfinite(options.tolerance)) {
+    return ReportError({fmt::format("--tolerance: {} is not a finite number "
+                                    "of zero or more",
+                                    options.tolerance),
+                        kExitUsage});
+  }
+  const auto defaults = DefaultContainer();
+  const Result<TableOperand> a =
+      ParseTableOperand(options.a, *defaults, options.from);
+  if (!a.ok()) return ReportError(a.error());
+  const Result<TableOperand> b =
+      ParseTableOperand(options.b, *defaults, options.from);
+  if (!b.ok()) return ReportError(b.error());
+  const Result<TableKind> kind = CommonTable(*a, *b, options.table);
+  if (!kind.ok()) return ReportError(Trouble(kind.error()));
+  return VisitTableKind(*kind, [&](auto type) {
+    using Record = typename decltype(type)::type;
+    auto old_table = MakeZeroedTable<Record>();
+    auto new_table = MakeZeroedTable<Record>();
+    for (auto [operand, table] :
+         {std::pair{&*a, old_table.get()}, std::pair{&*b, new_table.get()}}) {
+      if (auto error = LoadOperand(*operand, *table)) {
+        return ReportError(Trouble(*error));
+      }
+    }
+    const std::vector<Difference> differences =
+        DiffRecords(*old_table, *new_table, options.tolerance);
+    if (options.json) {
+      PrintJson(*b, differences);
+    } else {
+      for (const Difference& d : differences) {
+        fmt::print("{}: {} -> {}\n", d.path, d.old_value, d.new_value);
+      }
+      fmt::print("{} table: {} field(s) differ\n", TableName(*kind),
+                 differences.size());
+    }
+    return differences.empty() ? kExitOk : kExitFailure;
+  });
+}
+
+}  // namespace
+
+void AddDiffCommand(CLI::App& app, int& exit_code) {
+  auto options = std::make_shared<DiffOptions>();
+  auto* command = app.add_subcommand(
+      "diff",
+      "Compare two tables field by field and print `path: old -> new`. An "
+      "operand is a tuning file (.json, .pb), awb:KEY:TABLE for a registered "
+      "container's table (awb:0,-1,1,0,-1:feature) or defaults:TABLE. Files "
+      "are read over zeroed tables, as the override loader reads them. Exit "
+      "0 the same, 1 different, 2 trouble.");
+  command->add_option("old", options->a, "The first table")->required();
+  command->add_option("new", options->b, "The second table")->required();
+  command->add_option("--table", options->table,
+                      TableNames() + " (guessed if omitted)");
+  command
+      ->add_option("--tolerance", options->tolerance,
+                   "Floats this close count as equal")
+      ->capture_default_str();
+  AddFromOption(*command, options->from);
+  command->add_flag("--json", options->json,
+                    "The differences as a JSON array of {file, line, column, "
+                    "path, rule, message: \"old -> new\"}, placed in NEW");
+  command->footer(
+      "Example:\n  q3a-tuning diff awb:0,-1,1,0,-1:feature feature.json");
+  command->callback([&exit_code, options] { exit_code = RunDiff(*options); });
+}
+
+}  // namespace q3a_tool

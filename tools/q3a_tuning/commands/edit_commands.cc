@@ -1,0 +1,222 @@
+// `get` and `set`: one value of a table without opening a 12,000-line file.
+// `get` prints what the library reads at a path; `set` changes values
+// through the schema and writes the file back through the output routine
+// (in place, atomically, unless -o names another file).
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "protomsg/record_conversions.h"
+#include "tools/q3a_tuning/commands/command_options.h"
+#include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/edit_counts.h"
+#include "tools/q3a_tuning/io/edit_lock.h"
+#include "tools/q3a_tuning/io/output_file.h"
+#include "tools/q3a_tuning/io/table_edit.h"
+#include "tools/q3a_tuning/lint/lint.h"
+
+namespace q3a_tool {
+namespace {
+
+struct GetOptions {
+  std::string input;
+  std::string path;
+  std::string table;
+  std::string from;
+};
+
+int RunGet(const GetOptions& options) {
+  const auto defaults = DefaultContainer();
+  const Result<TableOperand> operand =
+      ParseTableOperand(options.input, *defaults, options.from);
+  if (!operand.ok()) return ReportError(operand.error());
+  const Result<TableKind> kind = OperandKind(*operand, options.table);
+  if (!kind.ok()) return ReportError(kind.error());
+  return VisitTableKind(*kind, [&](auto type) {
+    using Record = typename decltype(type)::type;
+    auto table = MakeZeroedTable<Record>();
+    if (auto error = LoadOperand(*operand, *table)) return ReportError(*error);
+    typename TableTraits<Record>::Message message;
+    protomsg::ConvertToMessage(*table, message);
+    const Result<std::string> value = GetValueJson(message, options.path);
+    if (!value.ok()) return ReportError(value.error());
+    std::string_view text = *value;
+    while (text.ends_with('\n')) text.remove_suffix(1);
+    fmt::print("{}\n", text);
+    return kExitOk;
+  });
+}
+
+struct SetOptions {
+  std::string input;
+  std::vector<std::string> assignments;
+  std::string output;
+  std::string table;
+  std::string from;
+  bool compact = false;
+  bool force = false;
+};
+
+// The edit of `message`: each assignment applied, then checked against the
+// count rules. Prints the warnings; returns the change lines, or the error
+// that stops the edit.
+Result<std::vector<std::string>> ApplyAssignments(
+    google::protobuf::Message& message, const SetOptions& options) {
+  std::vector<std::string> before_findings;
+  for (const Finding& f : LintTableMessage(message)) {
+    before_findings.push_back(f.path + f.message);
+  }
+  std::vector<std::string> changes;
+  std::vector<std::string> paths;
+  for (const std::string& assignment : options.assignments) {
+    const std::size_t equals = assignment.find('=');
+    if (equals == std::string::npos) {
+      return ToolError{fmt::format("'{}': expected PATH=VALUE", assignment),
+                       kExitUsage};
+    }
+    const std::string path = assignment.substr(0, equals);
+    const std::string value = assignment.substr(equals + 1);
+    const Result<std::string> old = SetValue(message, path, value);
+    if (!old.ok()) return old.error();
+    changes.push_back(fmt::format("{}: {} -> {}", path, *old,
+                                  *GetValueJson(message, path)));
+    paths.push_back(path);
+  }
+  const EditCountCheck counts = CheckEditedCounts(message, paths);
+  if (!counts.over_capacity.empty() && !options.force) {
+    return ToolError{
+        fmt::format("{}: {}; nothing written (give --force to write it "
+                    "anyway)",
+                    options.input, fmt::join(counts.over_capacity, "; "))};
+  }
+  for (const std::string& warning : counts.unused_entries) {
+    fmt::print(stderr, "warning: {}\n", warning);
+  }
+  for (const Finding& f : LintTableMessage(message)) {
+    if (std::find(before_findings.begin(), before_findings.end(),
+                  f.path + f.message) == before_findings.end()) {
+      fmt::print(stderr, "warning: {}: {}\n", f.path, f.message);
+    }
+  }
+  return changes;
+}
+
+int RunSet(const SetOptions& options) {
+  if (auto refused = RequireFileOperand(options.input, "set")) {
+    return ReportError(*refused);
+  }
+  const Result<FileFormat> from = InputFormat(options.input, options.from);
+  if (!from.ok()) return ReportError(from.error());
+  const bool in_place = options.output.empty();
+  const std::string& output = in_place ? options.input : options.output;
+  // The output's name may choose the other format; else it is the input's.
+  const FileFormat to =
+      in_place ? *from : FormatFromPath(options.output).value_or(*from);
+  // Only the in-place edit may write over its input; it does so atomically.
+  std::vector<std::string> inputs;
+  if (!in_place) inputs.push_back(options.input);
+  TableFileOptions write{to, options.compact, {.inputs = inputs}};
+  write.output.text = to == FileFormat::kJson;
+  if (auto refused = CheckOutputPath(output, write.output)) {
+    return ReportError(*refused);
+  }
+  // Held until the file is replaced: a parallel edit waits for this one.
+  std::optional<EditLock> lock;
+  if (in_place) {
+    Result<EditLock> locked = EditLock::Acquire(options.input);
+    if (!locked.ok()) return ReportError(locked.error());
+    lock.emplace(std::move(*locked));
+    write.output.unchanged_since = lock->stamp();
+  }
+  const Result<TableKind> kind =
+      ResolveTable(options.input, *from, options.table);
+  if (!kind.ok()) return ReportError(kind.error());
+  return VisitTableKind(*kind, [&](auto type) {
+    using Record = typename decltype(type)::type;
+    auto table = MakeZeroedTable<Record>();
+    if (auto error = LoadTableFile(options.input, *from, *table)) {
+      return ReportError(*error);
+    }
+    typename TableTraits<Record>::Message message;
+    protomsg::ConvertToMessage(*table, message);
+    const Result<std::vector<std::string>> changes =
+        ApplyAssignments(message, options);
+    if (!changes.ok()) return ReportError(changes.error());
+    auto edited = MakeZeroedTable<Record>();
+    protomsg::ConvertToStruct(message, *edited);
+    const Result<std::vector<std::string>> warnings =
+        WriteTableFile(output, *edited, write);
+    if (!warnings.ok()) return ReportError(warnings.error());
+    for (const std::string& warning : *warnings) {
+      fmt::print(stderr, "warning: {}\n", warning);
+    }
+    // With the table itself on stdout, the report goes to stderr.
+    std::FILE* report = output == kStdoutPath ? stderr : stdout;
+    for (const std::string& change : *changes) {
+      fmt::print(report, "{}\n", change);
+    }
+    if (output != kStdoutPath) fmt::print("{}\n", output);
+    return kExitOk;
+  });
+}
+
+}  // namespace
+
+void AddGetCommand(CLI::App& app, int& exit_code) {
+  auto options = std::make_shared<GetOptions>();
+  auto* command = app.add_subcommand(
+      "get",
+      "Print the value or sub-table at PATH as JSON, as the library reads "
+      "the table. The table is a tuning file, awb:KEY:TABLE or "
+      "defaults:TABLE.");
+  command->add_option("table_operand", options->input, "The table")
+      ->required();
+  command->add_option("path", options->path,
+                      "e.g. face_tuning_table.max_face_count or "
+                      "illuminant_weight_table.cct_list[3]")
+      ->required();
+  command->add_option("--table", options->table,
+                      TableNames() + " (guessed if omitted)");
+  AddFromOption(*command, options->from);
+  command->footer(
+      "Example:\n  q3a-tuning get feature.json "
+      "face_tuning_table.max_face_count");
+  command->callback([&exit_code, options] { exit_code = RunGet(*options); });
+}
+
+void AddSetCommand(CLI::App& app, int& exit_code) {
+  auto options = std::make_shared<SetOptions>();
+  auto* command = app.add_subcommand(
+      "set",
+      "Change values of a JSON or binary tuning file through the schema "
+      "(type, range of the record's field and list capacity checked) and "
+      "write it back in place, atomically, or to -o (- for stdout). The "
+      "file is written as the library's writer prints it (full form) "
+      "unless --compact. Prints each change as `path: old -> new`. An "
+      "in-place edit waits for another one on the same file and never "
+      "replaces a file changed since it was read.");
+  command->add_option("file", options->input, "Tuning file")->required();
+  command->add_option("assignments", options->assignments, "PATH=VALUE ...")
+      ->required();
+  command->add_option("-o,--output", options->output,
+                      "Write here instead of over the file; - for stdout");
+  command->add_option("--table", options->table,
+                      TableNames() + " (guessed if omitted)");
+  AddFromOption(*command, options->from);
+  command->add_flag("--compact", options->compact,
+                    "Write the compact form (see export)");
+  command->add_flag("--force", options->force,
+                    "Write a count above its list's capacity");
+  command->footer(
+      "Example:\n  q3a-tuning set feature.json "
+      "face_tuning_table.max_face_count=6 version.minor=4");
+  command->callback([&exit_code, options] { exit_code = RunSet(*options); });
+}
+
+}  // namespace q3a_tool

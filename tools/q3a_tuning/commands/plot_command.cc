@@ -1,0 +1,144 @@
+// `plot`: a table's pictures as one SVG file, or two tables of the same kind
+// overlaid with --against.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tools/q3a_tuning/commands/command_options.h"
+#include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/plot_inputs.h"
+#include "tools/q3a_tuning/io/output_file.h"
+#include "tools/q3a_tuning/plot/table_plots.h"
+
+namespace q3a_tool {
+namespace {
+
+struct PlotOptions {
+  std::string input;
+  std::string against;
+  std::string table;
+  std::string output;
+  std::string from;
+};
+
+// plot draws SVG only; a name that promises another picture format would
+// hold SVG under a wrong name, which viewers refuse.
+std::optional<ToolError> CheckPictureName(const std::string& output) {
+  static constexpr std::string_view kOtherFormats[] = {
+      ".png", ".jpg", ".jpeg", ".gif", ".webp", ".bmp",
+      ".tif", ".tiff", ".pdf", ".eps", ".ps"};
+  std::string extension = std::filesystem::path(output).extension().string();
+  for (char& c : extension) {
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  }
+  if (std::find(std::begin(kOtherFormats), std::end(kOtherFormats),
+                extension) == std::end(kOtherFormats)) {
+    return std::nullopt;
+  }
+  return ToolError{fmt::format("{}: plot writes SVG, not {}; name the file "
+                               ".svg (rsvg-convert or a browser makes a {} "
+                               "of it)",
+                               output, extension.substr(1),
+                               extension.substr(1)),
+                   kExitUsage};
+}
+
+int RunPlot(const PlotOptions& options) {
+  if (!options.table.empty() && !ParseTableKind(options.table)) {
+    return ReportError({"--table: use basic, advance, color or feature",
+                        kExitUsage});
+  }
+  if (auto refused = CheckPictureName(options.output)) {
+    return ReportError(*refused);
+  }
+  const auto defaults = DefaultContainer();
+  const Result<TableOperand> operand =
+      ParseTableOperand(options.input, *defaults, options.from);
+  if (!operand.ok()) return ReportError(operand.error());
+  std::optional<TableOperand> against;
+  if (!options.against.empty()) {
+    Result<TableOperand> parsed =
+        ParseTableOperand(options.against, *defaults, options.from);
+    if (!parsed.ok()) return ReportError(parsed.error());
+    against = std::move(*parsed);
+  }
+  std::vector<std::string> inputs = {operand->file};
+  if (against) inputs.push_back(against->file);
+  const OutputOptions output{.inputs = inputs, .text = true};
+  if (auto refused = CheckOutputPath(options.output, output)) {
+    return ReportError(*refused);
+  }
+  const Result<TableKind> kind = OperandKind(*operand, options.table);
+  if (!kind.ok()) return ReportError(kind.error());
+  if (against) {
+    const Result<TableKind> other =
+        OperandKind(*against, std::string(TableName(*kind)));
+    if (!other.ok()) return ReportError(other.error());
+    if (*other != *kind) {
+      return ReportError({fmt::format("{}: not a {} table", against->name,
+                                      TableName(*kind))});
+    }
+  }
+  return VisitTableKind(*kind, [&](auto type) {
+    using Record = typename decltype(type)::type;
+    auto table = MakeZeroedTable<Record>();
+    auto before = MakeZeroedTable<Record>();
+    std::optional<ToolError> failure = LoadOperand(*operand, *table);
+    if (!failure && against) failure = LoadOperand(*against, *before);
+    if (failure) return ReportError(*failure);
+    PlotNames names;
+    names.table = DescribeTable(*operand, *kind, table->version);
+    if (against) names.before = DescribeTable(*against, *kind, before->version);
+    const TablePlots plots =
+        PlotTable(*table, against ? before.get() : nullptr, names);
+    for (const std::string& finding : plots.findings) {
+      fmt::print(stderr, "{}\n", finding);
+    }
+    if (auto error = WriteOutputFile(
+            options.output, StackFiguresSvg(plots.figures), output)) {
+      return ReportError(*error);
+    }
+    if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
+    return plots.findings.empty() ? kExitOk : kExitFailure;
+  });
+}
+
+}  // namespace
+
+void AddPlotCommand(CLI::App& app, int& exit_code) {
+  auto options = std::make_shared<PlotOptions>();
+  auto* command = app.add_subcommand(
+      "plot",
+      "Draw a table as SVG. basic: white points, golden modules and "
+      "white-point regions in the R/G-B/G plane, illuminant weights over BV "
+      "and CCT; color: the colour-correction matrices over CCT and BV; "
+      "advance: outdoor, blue, green and special-colour regions, preference "
+      "points; feature: face-size and low-light weights. The input is a "
+      "tuning file, awb:KEY:TABLE or defaults:TABLE. With --against OLD both "
+      "are drawn, OLD hollow and dashed, and changed heat-map cells "
+      "outlined. Non-finite values are reported on stderr, left out, and "
+      "make the exit status 1.");
+  command->add_option("input", options->input, "The table to draw")
+      ->required();
+  command->add_option("--against", options->against,
+                      "An older table of the same kind to overlay");
+  command->add_option("--table", options->table,
+                      "basic, advance, color or feature (guessed if omitted)");
+  AddFromOption(*command, options->from);
+  command->add_option("-o,--output", options->output,
+                      "SVG file to write; - for stdout")
+      ->required();
+  command->footer(
+      "Example:\n  q3a-tuning plot edited/feature.json --against "
+      "awb:0,-1,1,0,-1:feature -o feature.svg");
+  command->callback([&exit_code, options] { exit_code = RunPlot(*options); });
+}
+
+}  // namespace q3a_tool

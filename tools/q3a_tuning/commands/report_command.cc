@@ -1,0 +1,192 @@
+// `report`: one HTML page about a registered AWB container, optionally with
+// tuning files compared against its tables.
+#include <fmt/format.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "coordinator/tuning_map.h"
+#include "protomsg/record_conversions.h"
+#include "tools/q3a_tuning/commands/command_options.h"
+#include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/plot_inputs.h"
+#include "tools/q3a_tuning/io/output_file.h"
+#include "tools/q3a_tuning/io/registry_view.h"
+#include "tools/q3a_tuning/lint/lint.h"
+#include "tools/q3a_tuning/lint/validate.h"
+#include "tools/q3a_tuning/plot/html_report.h"
+#include "tools/q3a_tuning/plot/plot_render.h"
+#include "tools/q3a_tuning/plot/table_plots.h"
+
+namespace q3a_tool {
+namespace {
+
+struct ReportOptions {
+  std::string key;
+  std::vector<std::string> against;
+  std::string output;
+  std::string from;
+};
+
+std::string Join(const std::vector<std::string>& parts) {
+  std::string out;
+  for (const std::string& p : parts) out += (out.empty() ? "" : ", ") + p;
+  return out;
+}
+
+void AddRegistration(const qawb::QAWBTuning& container, ReportData& data,
+                     const std::map<TableKind, std::string>& files) {
+  const std::vector<Registration> registrations =
+      ListRegistrations(q3a_coordinator::GetTuningMap());
+  const AwbTableLabels labels(registrations);
+  for (const Registration& r : registrations) {
+    if (r.object == static_cast<const void*>(&container)) {
+      data.registrations.push_back(fmt::format(
+          "{} {} ({}), key fields use_case, sensor_mode, camera_position, "
+          "lens_type, reserved",
+          NodeName(r.node), FormatTuningKey(r.key), r.label));
+    }
+  }
+  for (TableKind kind : kAllTableKinds) {
+    const void* table = TablePointer(container, kind);
+    const auto version = TableVersion(container, kind);
+    const auto file = files.find(kind);
+    data.tables.push_back(
+        {std::string(TableName(kind)), labels.Label(kind, table),
+         version ? VersionString(*version) : "-",
+         table != nullptr ? Join(labels.Users(kind, table)) : "",
+         file != files.end() ? file->second : ""});
+  }
+}
+
+// The container's table linted as the message a tuning file would carry.
+template <typename Record>
+void LintContainerTable(const Record& table, const std::string& source,
+                        ReportData& data) {
+  typename TableTraits<Record>::Message message;
+  protomsg::ConvertToMessage(table, message);
+  for (const Finding& f : LintTableMessage(message)) {
+    data.findings.push_back({std::string(TableTraits<Record>::kName), source,
+                             f.path + ": " + f.message});
+  }
+}
+
+int RunReport(const ReportOptions& options) {
+  const Result<const qawb::QAWBTuning*> registered =
+      RegisteredContainer(options.key);
+  if (!registered.ok()) return ReportError(registered.error());
+  const qawb::QAWBTuning& container = **registered;
+  const OutputOptions output{.inputs = options.against, .text = true};
+  if (auto error = CheckOutputPath(options.output, output)) {
+    return ReportError(*error);
+  }
+  // Which table each file holds; two files for one table are refused.
+  std::map<TableKind, std::string> files;
+  for (const std::string& path : options.against) {
+    const Result<FileFormat> format = InputFormat(path, options.from);
+    if (!format.ok()) return ReportError(format.error());
+    const Result<TableKind> kind = ResolveTable(path, *format, "");
+    if (!kind.ok()) return ReportError(kind.error());
+    if (!files.emplace(*kind, path).second) {
+      return ReportError(
+          {fmt::format("--against: {} and {} are both {} tables", files[*kind],
+                       path, TableName(*kind)),
+           kExitUsage});
+    }
+  }
+  ReportData data;
+  data.key = options.key;
+  AddRegistration(container, data, files);
+  const std::string container_name = "container " + options.key;
+  for (TableKind kind : kAllTableKinds) {
+    const std::optional<ToolError> failure =
+        VisitTableKind(kind, [&](auto type) -> std::optional<ToolError> {
+          using Record = typename decltype(type)::type;
+          const Record* built_in = qawb::GetTable<Record>(container);
+          if (built_in == nullptr) return std::nullopt;
+          ReportSection section;
+          section.id = std::string(TableName(kind));
+          PlotNames names;
+          names.table = fmt::format("{} table {} of {}", TableName(kind),
+                                    VersionString(built_in->version),
+                                    container_name);
+          LintContainerTable(*built_in, container_name, data);
+          auto edited = MakeZeroedTable<Record>();
+          const auto file = files.find(kind);
+          TablePlots plots;
+          if (file != files.end()) {
+            const Result<FileFormat> format =
+                InputFormat(file->second, options.from);
+            if (!format.ok()) return format.error();
+            if (auto error = LoadTableFile(file->second, *format, *edited)) {
+              return error;
+            }
+            for (const Problem& problem :
+                 ValidateTableFile(file->second, *format, kind, &container)
+                     .problems) {
+              data.findings.push_back(
+                  {section.id, file->second, ProblemText(problem)});
+            }
+            names.before = names.table;
+            names.table = fmt::format("{} table {} from {}", TableName(kind),
+                                      VersionString(edited->version),
+                                      file->second);
+            section.compared = true;
+            section.compared_note = fmt::format(
+                "{} (after) against the {} (before), field by field:",
+                names.table, names.before);
+            section.differences = DiffRecords(*built_in, *edited);
+            plots = PlotTable(*edited, built_in, names);
+          } else {
+            plots = PlotTable(*built_in, nullptr, names);
+          }
+          section.heading = names.table;
+          for (const std::string& finding : plots.findings) {
+            data.findings.push_back({section.id, "plots", finding});
+          }
+          for (const Figure& figure : plots.figures) {
+            section.figures.push_back(RenderFigureSvg(figure));
+          }
+          data.sections.push_back(std::move(section));
+          return std::nullopt;
+        });
+    if (failure) return ReportError(*failure);
+  }
+  if (auto error =
+          WriteOutputFile(options.output, RenderHtmlReport(data), output)) {
+    return ReportError(*error);
+  }
+  if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
+  return kExitOk;
+}
+
+}  // namespace
+
+void AddReportCommand(CLI::App& app, int& exit_code) {
+  auto options = std::make_shared<ReportOptions>();
+  auto* command = app.add_subcommand(
+      "report",
+      "Write one self-contained HTML page about a registered AWB container: "
+      "its registration and table versions, the findings of validation, "
+      "and every table's pictures. Each --against tuning file is compared "
+      "with the container's table of its kind: its differences field by "
+      "field and the two tables overlaid in the pictures. Open the page in "
+      "a browser; it prints to PDF.");
+  command->add_option("--key", options->key,
+                      "The container's key, e.g. 0,-1,1,0,-1")
+      ->required();
+  command->add_option("--against", options->against,
+                      "Tuning files to compare, at most one per table");
+  AddFromOption(*command, options->from);
+  command->add_option("-o,--output", options->output,
+                      "HTML file to write; - for stdout")
+      ->required();
+  command->footer(
+      "Example:\n  q3a-tuning report --key 0,-1,1,0,-1 --against "
+      "edited/feature.json -o report.html");
+  command->callback([&exit_code, options] { exit_code = RunReport(*options); });
+}
+
+}  // namespace q3a_tool

@@ -1,0 +1,119 @@
+#include "tools/q3a_tuning/commands/table_sources.h"
+
+#include <fmt/format.h>
+
+#include "coordinator/tuning_map.h"
+#include "tools/q3a_tuning/io/input_file.h"
+#include "tools/q3a_tuning/io/registry_view.h"
+#include "tools/q3a_tuning/io/table_guess.h"
+
+namespace q3a_tool {
+
+Result<const qawb::QAWBTuning*> RegisteredContainer(
+    std::string_view key_text, std::string_view label) {
+  const std::optional<q3a_api::TuningKey> key = ParseTuningKey(key_text);
+  if (!key) {
+    return ToolError{
+        fmt::format("{}: '{}' is not a key: five comma-separated integers "
+                    "use_case,sensor_mode,camera_position,lens_type,reserved "
+                    "(e.g. 0,-1,1,0,-1)",
+                    label, key_text),
+        kExitUsage};
+  }
+  const qawb::QAWBTuning* container =
+      FindAwbContainer(q3a_coordinator::GetTuningMap(), *key);
+  if (container == nullptr) {
+    return ToolError{fmt::format("{}: no AWB container is registered under "
+                                 "{} (see `q3a-tuning list`)",
+                                 label, key_text),
+                     kExitUsage};
+  }
+  return container;
+}
+
+std::unique_ptr<qawb::MutableQAWBTuning> DefaultContainer() {
+  return std::make_unique<qawb::MutableQAWBTuning>();
+}
+
+Result<TableOperand> ParseTableOperand(std::string_view text,
+                                       const qawb::QAWBTuning& defaults,
+                                       const std::string& from) {
+  TableOperand operand;
+  operand.name = std::string(text);
+  operand.from = from;
+  auto table_of = [&](std::string_view name) -> Result<TableKind> {
+    if (const auto kind = ParseTableKind(name)) return *kind;
+    return ToolError{fmt::format("{}: '{}' is not a table: use {}",
+                                 operand.name, name, TableNames()),
+                     kExitUsage};
+  };
+  std::string_view table_name;
+  if (text.starts_with("awb:")) {
+    const std::string_view rest = text.substr(4);
+    const std::size_t colon = rest.rfind(':');
+    if (colon == std::string_view::npos) {
+      return ToolError{fmt::format("{}: expected awb:KEY:TABLE, e.g. "
+                                   "awb:0,-1,1,0,-1:feature",
+                                   operand.name),
+                       kExitUsage};
+    }
+    const auto container =
+        RegisteredContainer(rest.substr(0, colon), operand.name);
+    if (!container.ok()) return container.error();
+    operand.container = *container;
+    table_name = rest.substr(colon + 1);
+  } else if (text.starts_with("defaults:")) {
+    operand.container = &defaults;
+    table_name = text.substr(9);
+  } else {
+    operand.file = std::string(text);
+    return operand;
+  }
+  const Result<TableKind> kind = table_of(table_name);
+  if (!kind.ok()) return kind.error();
+  operand.kind = *kind;
+  return operand;
+}
+
+std::optional<ToolError> RequireFileOperand(std::string_view text,
+                                            std::string_view command) {
+  std::string export_command;
+  if (text.starts_with("awb:")) {
+    const std::string_view rest = text.substr(4);
+    export_command = fmt::format("q3a-tuning export --key {} -o DIR",
+                                 rest.substr(0, rest.rfind(':')));
+  } else if (text.starts_with("defaults:")) {
+    export_command = "q3a-tuning export --defaults -o DIR";
+  } else {
+    return std::nullopt;
+  }
+  return ToolError{fmt::format("{}: {} takes a tuning file (.json, .pb, .bin, "
+                               "or another name with --from), not a "
+                               "container's table; `{}` writes its tables as "
+                               "files",
+                               text, command, export_command),
+                   kExitUsage};
+}
+
+Result<FileFormat> InputFormat(const std::string& path,
+                               const std::string& from) {
+  if (auto refused = CheckInputFile(path)) return *refused;
+  if (from.empty() && !FormatFromPath(path)) {
+    return ToolError{fmt::format("{}: cannot tell the format from the name "
+                                 "(.json, .pb or .bin); give --from json or "
+                                 "--from binary",
+                                 path),
+                     kExitUsage};
+  }
+  return ResolveFormat(path, from);
+}
+
+Result<TableKind> OperandKind(const TableOperand& operand,
+                              const std::string& table_option) {
+  if (operand.kind) return *operand.kind;
+  const Result<FileFormat> format = InputFormat(operand.file, operand.from);
+  if (!format.ok()) return format.error();
+  return ResolveTable(operand.file, *format, table_option);
+}
+
+}  // namespace q3a_tool

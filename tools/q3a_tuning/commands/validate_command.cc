@@ -1,0 +1,135 @@
+// `validate`: whether the library accepts a tuning file, and what in it the
+// library would take silently but the engineer probably did not mean.
+// Findings go to stdout (one line each, or a JSON array with --json); a file
+// the reader refuses is reported on stderr. Exit 0 clean, 1 findings or a
+// refused file, 2 a usage error or a file that cannot be read.
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tools/q3a_tuning/commands/command_options.h"
+#include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/input_file.h"
+#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/validate.h"
+
+namespace q3a_tool {
+namespace {
+
+struct ValidateOptions {
+  std::vector<std::string> files;
+  std::string table;
+  std::string format;
+  std::string key;
+  bool json = false;
+  bool compact = false;
+};
+
+int ValidateOne(const std::string& path, const ValidateOptions& options,
+                const qawb::QAWBTuning* built_in,
+                std::vector<Problem>& all_problems) {
+  if (auto refused = CheckInputFile(path)) return ReportError(*refused);
+  const Result<FileFormat> format = ResolveFormat(path, options.format);
+  if (!format.ok()) return ReportError(format.error());
+  // A --table that names another table than the file holds is a
+  // "wrong-table" finding of ValidateTableFile.
+  TableGuess guess;
+  const Result<TableKind> kind =
+      options.table.empty() ? ResolveTable(path, *format, "", &guess)
+                            : ParseTableOption(options.table);
+  if (!kind.ok()) {
+    if (kind.error().exit_code == kExitUsage) return ReportError(kind.error());
+    all_problems.push_back(
+        {path, 0, 0, "", guess.container_dump ? "wrong-table" : "rejected",
+         kind.error().message.substr(
+             std::min(kind.error().message.size(), path.size() + 2))});
+    return ReportError(kind.error());
+  }
+  const ValidationReport report =
+      ValidateTableFile(path, *format, *kind, built_in, options.compact);
+  if (report.unreadable) return ReportError(*report.unreadable);
+  all_problems.insert(all_problems.end(), report.problems.begin(),
+                      report.problems.end());
+  if (!report.accepted) {
+    for (const Problem& problem : report.problems) {
+      fmt::print(stderr, "{}\n", ProblemText(problem));
+    }
+    const bool in_question = options.table.empty() && !guess.certain;
+    fmt::print(stderr, "{}: rejected as a {} table{}\n", path,
+               TableName(*kind),
+               in_question ? " (guessed; give --table to choose)" : "");
+    return kExitFailure;
+  }
+  if (report.reads_like_compact) {
+    fmt::print(stderr,
+               "hint: {} reads like a compact file (export --compact); give "
+               "--compact if it is one, and the fields it leaves out are not "
+               "findings\n",
+               path);
+  }
+  if (!options.json) {
+    for (const Problem& problem : report.problems) {
+      fmt::print("{}\n", ProblemText(problem));
+    }
+    fmt::print("{}: {} table version {}: {}\n", path, TableName(*kind),
+               report.version,
+               report.problems.empty()
+                   ? "ok"
+                   : fmt::format("{} finding(s)", report.problems.size()));
+  }
+  return report.problems.empty() ? kExitOk : kExitFailure;
+}
+
+int RunValidate(const ValidateOptions& options) {
+  const qawb::QAWBTuning* built_in = nullptr;
+  if (!options.key.empty()) {
+    const Result<const qawb::QAWBTuning*> container =
+        RegisteredContainer(options.key);
+    if (!container.ok()) return ReportError(container.error());
+    built_in = *container;
+  }
+  int status = kExitOk;
+  std::vector<Problem> problems;
+  for (const std::string& file : options.files) {
+    status = std::max(status, ValidateOne(file, options, built_in, problems));
+  }
+  if (options.json) fmt::print("{}", ProblemsJson(problems));
+  return status;
+}
+
+}  // namespace
+
+void AddValidateCommand(CLI::App& app, int& exit_code) {
+  auto options = std::make_shared<ValidateOptions>();
+  auto* command = app.add_subcommand(
+      "validate",
+      "Check tuning files with the library's reader, then report what it "
+      "accepts silently: duplicated keys, JSON other tools refuse, NaN, "
+      "null, missing fields and version, lists over capacity, counts that "
+      "disagree with their lists, unusable frame-summary kinds, integers too "
+      "wide for their field. Exit 0 clean, 1 findings, 2 unreadable input.");
+  command->add_option("files", options->files, "Tuning files (.json, .pb)")
+      ->required();
+  command->add_option("--table", options->table,
+                      TableNames() + " (guessed if omitted)");
+  AddFromOption(*command, options->format);
+  command->add_option("--key", options->key,
+                      "Key of the container the file is meant for: its "
+                      "table's version is expected");
+  command->add_flag("--compact", options->compact,
+                    "The files are compact (export --compact): fields they "
+                    "leave out are meant, not findings");
+  command->add_flag("--json", options->json,
+                    "Findings as a JSON array (file, line, column, path, "
+                    "rule, message)");
+  command->footer(
+      "Example:\n  q3a-tuning validate feature.json --key 0,-1,1,0,-1");
+  command->callback(
+      [&exit_code, options] { exit_code = RunValidate(*options); });
+}
+
+}  // namespace q3a_tool

@@ -1,0 +1,335 @@
+#include "tools/q3a_tuning/io/table_edit.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <vector>
+
+#include "tools/q3a_tuning/io/field_limits.h"
+#include "tools/q3a_tuning/io/nearest_name.h"
+#include "tools/q3a_tuning/io/table_file.h"
+
+namespace q3a_tool {
+namespace {
+
+using google::protobuf::FieldDescriptor;
+using google::protobuf::Message;
+using google::protobuf::Reflection;
+
+// A field of a message, one entry of it (index >= 0) or the whole field.
+struct Place {
+  Message* message;
+  const FieldDescriptor* field;
+  int index;
+};
+
+ToolError PathError(std::string_view path, std::string_view why) {
+  return {fmt::format("{}: {}", path, why), kExitUsage};
+}
+
+int Capacity(const Message& message, const FieldDescriptor& field) {
+  const FieldLimit* limit =
+      FindFieldLimit(message.GetDescriptor()->name(), field.name());
+  return limit != nullptr ? limit->capacity : std::numeric_limits<int>::max();
+}
+
+// Adds default entries to the list until it has `size`.
+void Grow(Message& message, const FieldDescriptor& field, int size) {
+  const Reflection& reflection = *message.GetReflection();
+  while (reflection.FieldSize(message, &field) < size) {
+    switch (field.cpp_type()) {
+      case FieldDescriptor::CPPTYPE_MESSAGE:
+        reflection.AddMessage(&message, &field);
+        break;
+      case FieldDescriptor::CPPTYPE_INT32:
+        reflection.AddInt32(&message, &field, 0);
+        break;
+      case FieldDescriptor::CPPTYPE_UINT32:
+        reflection.AddUInt32(&message, &field, 0);
+        break;
+      case FieldDescriptor::CPPTYPE_INT64:
+        reflection.AddInt64(&message, &field, 0);
+        break;
+      case FieldDescriptor::CPPTYPE_UINT64:
+        reflection.AddUInt64(&message, &field, 0);
+        break;
+      case FieldDescriptor::CPPTYPE_FLOAT:
+        reflection.AddFloat(&message, &field, 0);
+        break;
+      case FieldDescriptor::CPPTYPE_DOUBLE:
+        reflection.AddDouble(&message, &field, 0);
+        break;
+      case FieldDescriptor::CPPTYPE_BOOL:
+        reflection.AddBool(&message, &field, false);
+        break;
+      case FieldDescriptor::CPPTYPE_ENUM:
+        reflection.AddEnumValue(&message, &field, 0);
+        break;
+      case FieldDescriptor::CPPTYPE_STRING:
+        reflection.AddString(&message, &field, "");
+        break;
+    }
+  }
+}
+
+Result<Place> Locate(Message& root, std::string_view path, bool grow) {
+  Message* message = &root;
+  std::string_view rest = path;
+  while (true) {
+    const std::size_t dot = rest.find('.');
+    std::string_view segment = rest.substr(0, dot);
+    rest = dot == std::string_view::npos ? "" : rest.substr(dot + 1);
+    int index = -1;
+    if (const std::size_t open = segment.find('['); open != segment.npos) {
+      const std::size_t close = segment.find(']', open);
+      const auto [end, error] = std::from_chars(
+          segment.data() + open + 1, segment.data() + close, index);
+      if (close != segment.size() - 1 || error != std::errc() ||
+          end != segment.data() + close || index < 0) {
+        return PathError(path, fmt::format("'{}' is not NAME or NAME[INDEX]",
+                                           segment));
+      }
+      segment = segment.substr(0, open);
+    }
+    const auto& descriptor = *message->GetDescriptor();
+    const FieldDescriptor* field =
+        descriptor.FindFieldByName(std::string(segment));
+    if (field == nullptr) {
+      return PathError(path, fmt::format("{} has no field \"{}\"{}",
+                                         descriptor.name(), segment,
+                                         SuggestField(segment, descriptor)));
+    }
+    const Reflection& reflection = *message->GetReflection();
+    if (index >= 0) {
+      if (!field->is_repeated()) {
+        return PathError(path, fmt::format("{} is not a list", segment));
+      }
+      const int size = reflection.FieldSize(*message, field);
+      const int capacity = Capacity(*message, *field);
+      if (index >= capacity) {
+        return PathError(path, fmt::format("{} holds {} entries; index {} is "
+                                           "past its capacity",
+                                           segment, capacity, index));
+      }
+      if (index >= size) {
+        if (!grow) {
+          return PathError(path, fmt::format("{} has {} entries", segment,
+                                             size));
+        }
+        Grow(*message, *field, index + 1);
+      }
+    }
+    if (rest.empty()) return Place{message, field, index};
+    if (field->cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
+      return PathError(path, fmt::format("{} is a value, not a table",
+                                         segment));
+    }
+    if (field->is_repeated() && index < 0) {
+      return PathError(path, fmt::format("{} is a list: give an index, "
+                                         "{}[0]",
+                                         segment, segment));
+    }
+    message = field->is_repeated()
+                  ? reflection.MutableRepeatedMessage(message, field, index)
+                  : reflection.MutableMessage(message, field);
+  }
+}
+
+std::string ScalarJson(const Message& message, const FieldDescriptor& field,
+                       int index) {
+  const Reflection& r = *message.GetReflection();
+  const bool each = index >= 0;
+  switch (field.cpp_type()) {
+    case FieldDescriptor::CPPTYPE_INT32:
+      return fmt::format("{}", each ? r.GetRepeatedInt32(message, &field, index)
+                                    : r.GetInt32(message, &field));
+    case FieldDescriptor::CPPTYPE_UINT32:
+      return fmt::format("{}", each
+                                   ? r.GetRepeatedUInt32(message, &field, index)
+                                   : r.GetUInt32(message, &field));
+    case FieldDescriptor::CPPTYPE_INT64:
+      return fmt::format("{}", each ? r.GetRepeatedInt64(message, &field, index)
+                                    : r.GetInt64(message, &field));
+    case FieldDescriptor::CPPTYPE_UINT64:
+      return fmt::format("{}", each
+                                   ? r.GetRepeatedUInt64(message, &field, index)
+                                   : r.GetUInt64(message, &field));
+    case FieldDescriptor::CPPTYPE_FLOAT:
+      return fmt::format("{}", each ? r.GetRepeatedFloat(message, &field, index)
+                                    : r.GetFloat(message, &field));
+    case FieldDescriptor::CPPTYPE_DOUBLE:
+      return fmt::format("{}", each
+                                   ? r.GetRepeatedDouble(message, &field, index)
+                                   : r.GetDouble(message, &field));
+    case FieldDescriptor::CPPTYPE_BOOL:
+      return (each ? r.GetRepeatedBool(message, &field, index)
+                   : r.GetBool(message, &field))
+                 ? "true"
+                 : "false";
+    case FieldDescriptor::CPPTYPE_ENUM:
+      return fmt::format("\"{}\"",
+                         (each ? r.GetRepeatedEnum(message, &field, index)
+                               : r.GetEnum(message, &field))
+                             ->name());
+    case FieldDescriptor::CPPTYPE_STRING:
+    case FieldDescriptor::CPPTYPE_MESSAGE:
+      break;
+  }
+  return "null";
+}
+
+std::string PlaceJson(const Place& place) {
+  const Message& message = *place.message;
+  const Reflection& r = *message.GetReflection();
+  const FieldDescriptor& field = *place.field;
+  const bool is_message = field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE;
+  if (field.is_repeated() && place.index < 0) {
+    std::vector<std::string> entries;
+    for (int i = 0; i < r.FieldSize(message, &field); ++i) {
+      entries.push_back(
+          is_message ? SerializeTableMessage(
+                           r.GetRepeatedMessage(message, &field, i),
+                           FileFormat::kJson, true)
+                     : ScalarJson(message, field, i));
+    }
+    return fmt::format("[{}]", fmt::join(entries, is_message ? ",\n" : ", "));
+  }
+  if (is_message) {
+    return SerializeTableMessage(
+        field.is_repeated() ? r.GetRepeatedMessage(message, &field, place.index)
+                            : r.GetMessage(message, &field),
+        FileFormat::kJson, true);
+  }
+  return ScalarJson(message, field, place.index);
+}
+
+template <typename T>
+std::optional<T> ParseNumber(std::string_view text) {
+  T value{};
+  const auto [end, error] =
+      std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size()) {
+    return std::nullopt;
+  }
+  return value;
+}
+
+// Stores `text` into the scalar at `place`; the error says what the field
+// takes.
+std::optional<std::string> StoreScalar(const Place& place,
+                                       std::string_view text) {
+  Message& message = *place.message;
+  const Reflection& r = *message.GetReflection();
+  const FieldDescriptor& field = *place.field;
+  const bool each = place.index >= 0;
+  switch (field.cpp_type()) {
+    case FieldDescriptor::CPPTYPE_INT32:
+    case FieldDescriptor::CPPTYPE_UINT32:
+    case FieldDescriptor::CPPTYPE_INT64:
+    case FieldDescriptor::CPPTYPE_UINT64: {
+      const auto value = ParseNumber<long long>(text);
+      if (!value) return "expected an integer";
+      const FieldLimit* limit =
+          FindFieldLimit(message.GetDescriptor()->name(), field.name());
+      long long low = std::numeric_limits<std::int32_t>::min();
+      long long high = std::numeric_limits<std::int32_t>::max();
+      if (field.cpp_type() == FieldDescriptor::CPPTYPE_UINT32) {
+        low = 0;
+        high = std::numeric_limits<std::uint32_t>::max();
+      }
+      if (limit != nullptr && limit->narrow) {
+        low = limit->min;
+        high = limit->max;
+      }
+      if (*value < low || *value > high) {
+        return fmt::format("{} does not fit the record's field ({}..{})",
+                           *value, low, high);
+      }
+      if (field.cpp_type() == FieldDescriptor::CPPTYPE_INT32) {
+        each ? r.SetRepeatedInt32(&message, &field, place.index, *value)
+             : r.SetInt32(&message, &field, static_cast<std::int32_t>(*value));
+      } else if (field.cpp_type() == FieldDescriptor::CPPTYPE_UINT32) {
+        each ? r.SetRepeatedUInt32(&message, &field, place.index, *value)
+             : r.SetUInt32(&message, &field,
+                           static_cast<std::uint32_t>(*value));
+      } else if (field.cpp_type() == FieldDescriptor::CPPTYPE_INT64) {
+        each ? r.SetRepeatedInt64(&message, &field, place.index, *value)
+             : r.SetInt64(&message, &field, *value);
+      } else {
+        each ? r.SetRepeatedUInt64(&message, &field, place.index, *value)
+             : r.SetUInt64(&message, &field, *value);
+      }
+      return std::nullopt;
+    }
+    case FieldDescriptor::CPPTYPE_FLOAT:
+    case FieldDescriptor::CPPTYPE_DOUBLE: {
+      const auto value = ParseNumber<double>(text);
+      if (!value || !std::isfinite(*value) ||
+          (field.cpp_type() == FieldDescriptor::CPPTYPE_FLOAT &&
+           std::fabs(*value) > std::numeric_limits<float>::max())) {
+        return "expected a finite number";
+      }
+      if (field.cpp_type() == FieldDescriptor::CPPTYPE_FLOAT) {
+        const auto f = static_cast<float>(*value);
+        each ? r.SetRepeatedFloat(&message, &field, place.index, f)
+             : r.SetFloat(&message, &field, f);
+      } else {
+        each ? r.SetRepeatedDouble(&message, &field, place.index, *value)
+             : r.SetDouble(&message, &field, *value);
+      }
+      return std::nullopt;
+    }
+    case FieldDescriptor::CPPTYPE_BOOL: {
+      if (text != "true" && text != "false") return "expected true or false";
+      each ? r.SetRepeatedBool(&message, &field, place.index, text == "true")
+           : r.SetBool(&message, &field, text == "true");
+      return std::nullopt;
+    }
+    case FieldDescriptor::CPPTYPE_ENUM: {
+      const auto* value = field.enum_type()->FindValueByName(std::string(text));
+      if (value == nullptr) {
+        return fmt::format("\"{}\" is not a value of {}{}", text,
+                           field.enum_type()->name(),
+                           SuggestEnumValue(text, *field.enum_type()));
+      }
+      each ? r.SetRepeatedEnumValue(&message, &field, place.index,
+                                    value->number())
+           : r.SetEnumValue(&message, &field, value->number());
+      return std::nullopt;
+    }
+    case FieldDescriptor::CPPTYPE_STRING:
+    case FieldDescriptor::CPPTYPE_MESSAGE:
+      break;
+  }
+  return "a table, not a value: set its fields one by one";
+}
+
+}  // namespace
+
+Result<std::string> GetValueJson(const Message& table, std::string_view path) {
+  std::unique_ptr<Message> copy(table.New());
+  copy->CopyFrom(table);
+  const Result<Place> place = Locate(*copy, path, /*grow=*/false);
+  if (!place.ok()) return place.error();
+  return PlaceJson(*place);
+}
+
+Result<std::string> SetValue(Message& table, std::string_view path,
+                             std::string_view value) {
+  const Result<Place> place = Locate(table, path, /*grow=*/true);
+  if (!place.ok()) return place.error();
+  if (place->field->is_repeated() && place->index < 0) {
+    return PathError(path, "a list: set one entry, e.g. " + std::string(path) +
+                               "[0]");
+  }
+  std::string before = PlaceJson(*place);
+  if (auto refused = StoreScalar(*place, value)) {
+    return PathError(path, *refused);
+  }
+  return before;
+}
+
+}  // namespace q3a_tool

@@ -1,0 +1,31 @@
+// Reading and changing single values of a table message by path, for `get`
+// and `set`: "face_tuning_table.max_face_count", "cct_list[3]",
+// "region_list.region_bv_list[2].bv_value". Changes go through the schema:
+// the value must parse as the field's type, fit the record's field (narrow
+// integers) and lie within the list's capacity.
+#ifndef TOOLS_Q3A_TUNING_IO_TABLE_EDIT_H_
+#define TOOLS_Q3A_TUNING_IO_TABLE_EDIT_H_
+
+#include <google/protobuf/message.h>
+
+#include <string>
+#include <string_view>
+
+#include "tools/q3a_tuning/io/tool_error.h"
+
+namespace q3a_tool {
+
+// The value at `path` as JSON: a number, string, bool, list or object. A
+// usage error names the first path segment the table lacks.
+Result<std::string> GetValueJson(const google::protobuf::Message& table,
+                                 std::string_view path);
+
+// Sets the scalar at `path` to `value` (written as in a JSON file, without
+// quotes for enum names). Returns the value before the change, as JSON.
+// Lists grow with zero entries up to an index within capacity.
+Result<std::string> SetValue(google::protobuf::Message& table,
+                             std::string_view path, std::string_view value);
+
+}  // namespace q3a_tool
+
+#endif  // TOOLS_Q3A_TUNING_IO_TABLE_EDIT_H_

@@ -1,0 +1,115 @@
+// Helpers the four table plot files share: counts clamped to capacities,
+// the walk for non-finite values, names for titles and legends.
+#ifndef TOOLS_Q3A_TUNING_PLOT_TABLE_PLOTS_INTERNAL_H_
+#define TOOLS_Q3A_TUNING_PLOT_TABLE_PLOTS_INTERNAL_H_
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "awb_records/record_description.h"
+#include "tools/q3a_tuning/plot/plot_model.h"
+#include "tools/q3a_tuning/plot/table_plots.h"
+
+namespace q3a_tool::internal {
+
+// How many entries of an array of `capacity` a count puts in use.
+inline int InUse(int count, std::size_t capacity) {
+  return std::clamp(count, 0, static_cast<int>(capacity));
+}
+template <typename T, std::size_t N>
+int InUse(int count, const T (&)[N]) {
+  return InUse(count, N);
+}
+
+inline std::string OnOff(int flag) { return flag != 0 ? "on" : "off"; }
+
+// "outdoor_region_list" -> "outdoor region".
+inline std::string Words(std::string_view name) {
+  std::string out(name);
+  if (out.ends_with("_list")) out.resize(out.size() - 5);
+  std::replace(out.begin(), out.end(), '_', ' ');
+  return out;
+}
+
+// One side of a comparison: the table, whether it is the older one, and
+// the suffix its legend entries carry.
+template <typename Record>
+struct Side {
+  const Record* table;
+  bool before;
+  std::string suffix;  // "" or " (before)"
+};
+
+template <typename Record>
+std::vector<Side<Record>> Sides(const Record& table, const Record* before) {
+  if (before == nullptr) return {{&table, false, ""}};
+  return {{before, true, " (before)"}, {&table, false, ""}};
+}
+
+// Every float of `record` that is not finite, by path.
+class NonFiniteWalker {
+ public:
+  explicit NonFiniteWalker(std::string table) : table_(std::move(table)) {}
+
+  template <typename T>
+  void Walk(const T& value, const std::string& path) {
+    if constexpr (std::is_array_v<T>) {
+      if constexpr (std::is_floating_point_v<std::remove_all_extents_t<T>> ||
+                    qawb::DescribedRecord<std::remove_all_extents_t<T>>) {
+        for (std::size_t i = 0; i < std::extent_v<T>; ++i) {
+          Walk(value[i], fmt::format("{}[{}]", path, i));
+        }
+      }
+    } else if constexpr (qawb::DescribedRecord<T>) {
+      ForEachField(value, [&](const char* name, const auto& field) {
+        Walk(field, path.empty() ? std::string(name)
+                                 : fmt::format("{}.{}", path, name));
+      });
+    } else if constexpr (std::is_floating_point_v<T>) {
+      if (!std::isfinite(value)) {
+        findings_.push_back(fmt::format(
+            "{}: {}: value {} is not finite; left out of the plots", table_,
+            path, value));
+      }
+    }
+  }
+
+  std::vector<std::string> Take() { return std::move(findings_); }
+
+ private:
+  std::string table_;
+  std::vector<std::string> findings_;
+};
+
+template <typename Record>
+std::vector<std::string> NonFiniteFindings(const Record& table,
+                                           const Record* before,
+                                           const PlotNames& names) {
+  NonFiniteWalker walker(names.table);
+  walker.Walk(table, "");
+  std::vector<std::string> findings = walker.Take();
+  if (before != nullptr) {
+    NonFiniteWalker old(names.before);
+    old.Walk(*before, "");
+    for (auto& f : old.Take()) findings.push_back(std::move(f));
+  }
+  return findings;
+}
+
+inline std::string FigureTitle(std::string_view what, const PlotNames& names,
+                               bool against) {
+  return against ? fmt::format("{}: {} against {}", what, names.table,
+                               names.before)
+                 : fmt::format("{}: {}", what, names.table);
+}
+
+}  // namespace q3a_tool::internal
+
+#endif  // TOOLS_Q3A_TUNING_PLOT_TABLE_PLOTS_INTERNAL_H_

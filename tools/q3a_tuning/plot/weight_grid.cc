@@ -1,0 +1,28 @@
+#include "tools/q3a_tuning/plot/weight_grid.h"
+
+namespace q3a_tool {
+
+HeatMap WeightGrid(HeatMap map, const GridSource& now,
+                   const GridSource* before) {
+  for (int c = 0; c < now.columns; ++c) {
+    map.column_labels.push_back(now.column_label(c));
+  }
+  for (int r = 0; r < now.rows; ++r) {
+    map.row_labels.push_back(now.row_label(r));
+    auto& values = map.values.emplace_back();
+    for (int c = 0; c < now.columns; ++c) values.push_back(now.value(r, c));
+  }
+  if (before == nullptr) return map;
+  for (int r = 0; r < now.rows; ++r) {
+    auto& changed = map.changed.emplace_back();
+    for (int c = 0; c < now.columns; ++c) {
+      changed.push_back(r >= before->rows || c >= before->columns ||
+                        before->row_label(r) != map.row_labels[r] ||
+                        before->column_label(c) != map.column_labels[c] ||
+                        !(before->value(r, c) == map.values[r][c]));
+    }
+  }
+  return map;
+}
+
+}  // namespace q3a_tool

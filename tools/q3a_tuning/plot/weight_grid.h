@@ -1,0 +1,31 @@
+// A heat map of values by BV row and by column (CCT, luma, ...), the shape
+// several tables share, built from accessors so that each table only says
+// where its numbers are. Compared with an older grid, a cell counts as
+// changed when its value, its row's or its column's label differs, or the
+// older grid has no such cell.
+#ifndef TOOLS_Q3A_TUNING_PLOT_WEIGHT_GRID_H_
+#define TOOLS_Q3A_TUNING_PLOT_WEIGHT_GRID_H_
+
+#include <functional>
+#include <string>
+
+#include "tools/q3a_tuning/plot/plot_model.h"
+
+namespace q3a_tool {
+
+struct GridSource {
+  int rows = 0;
+  int columns = 0;
+  std::function<double(int row, int column)> value;
+  std::function<std::string(int row)> row_label;
+  std::function<std::string(int column)> column_label;
+};
+
+// `map` holds the titles; rows, labels, values and changed cells are filled
+// in. `before` may be null.
+HeatMap WeightGrid(HeatMap map, const GridSource& now,
+                   const GridSource* before);
+
+}  // namespace q3a_tool
+
+#endif  // TOOLS_Q3A_TUNING_PLOT_WEIGHT_GRID_H_
