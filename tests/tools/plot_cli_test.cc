@@ -100,6 +100,9 @@ TEST_F(PlotCliTest, NonFiniteValuesAreFindingsAndTheRestIsDrawn) {
                         "left out of the plots"));
   const std::string svg = ReadFile(Path("nan.svg"));
   EXPECT_THAT(svg, HasSubstr(">2850 K<"));
+  EXPECT_THAT(svg, HasSubstr(">Left out: 1 value that is not finite: "
+                             "golden_module_table.golden_module_data[0]."
+                             "golden_reference_point.rg (nan)<"));
   EXPECT_FALSE(testing::Value(svg, testing::ContainsRegex("[=', L]-?nan")))
       << "a NaN coordinate was written";
 }

@@ -56,8 +56,6 @@ std::vector<Side<Record>> Sides(const Record& table, const Record* before) {
 // Every float of `record` that is not finite, by path.
 class NonFiniteWalker {
  public:
-  explicit NonFiniteWalker(std::string table) : table_(std::move(table)) {}
-
   template <typename T>
   void Walk(const T& value, const std::string& path) {
     if constexpr (std::is_array_v<T>) {
@@ -73,34 +71,41 @@ class NonFiniteWalker {
                                  : fmt::format("{}.{}", path, name));
       });
     } else if constexpr (std::is_floating_point_v<T>) {
-      if (!std::isfinite(value)) {
-        findings_.push_back(fmt::format(
-            "{}: {}: value {} is not finite; left out of the plots", table_,
-            path, value));
-      }
+      if (!std::isfinite(value)) found_.push_back({path, value});
     }
   }
 
-  std::vector<std::string> Take() { return std::move(findings_); }
+  std::vector<std::pair<std::string, double>> Take() {
+    return std::move(found_);
+  }
 
  private:
-  std::string table_;
-  std::vector<std::string> findings_;
+  std::vector<std::pair<std::string, double>> found_;
 };
 
+// Reports every non-finite float of either table as a finding and says in
+// each picture what it left out.
 template <typename Record>
-std::vector<std::string> NonFiniteFindings(const Record& table,
-                                           const Record* before,
-                                           const PlotNames& names) {
-  NonFiniteWalker walker(names.table);
-  walker.Walk(table, "");
-  std::vector<std::string> findings = walker.Take();
-  if (before != nullptr) {
-    NonFiniteWalker old(names.before);
-    old.Walk(*before, "");
-    for (auto& f : old.Take()) findings.push_back(std::move(f));
+void NoteNonFinite(const Record& table, const Record* before,
+                   const PlotNames& names, TablePlots& plots) {
+  std::vector<std::string> left_out;
+  for (const Side<Record>& side : Sides(table, before)) {
+    NonFiniteWalker walker;
+    walker.Walk(*side.table, "");
+    const std::string& name = side.before ? names.before : names.table;
+    for (const auto& [path, value] : walker.Take()) {
+      plots.findings.push_back(fmt::format(
+          "{}: {}: value {} is not finite; left out of the plots", name, path,
+          value));
+      left_out.push_back(fmt::format("{}{} ({})", path, side.suffix, value));
+    }
   }
-  return findings;
+  if (left_out.empty()) return;
+  const std::string note = fmt::format(
+      "Left out: {} value{} that {} not finite: {}{}", left_out.size(),
+      left_out.size() == 1 ? "" : "s", left_out.size() == 1 ? "is" : "are",
+      left_out.front(), left_out.size() > 1 ? ", ..." : "");
+  for (Figure& figure : plots.figures) figure.note = note;
 }
 
 inline std::string FigureTitle(std::string_view what, const PlotNames& names,
