@@ -113,6 +113,7 @@ class JsonDocumentParser {
       std::string_view text;
       if (!ParseString(text)) return false;
       if (c == '\'') Note("single-quote", start, Path());
+      NoteEscapes();
       SetText(value, text);
       return true;
     }
@@ -209,6 +210,7 @@ class JsonDocumentParser {
       if (!ParseString(key)) return false;
       path_.back().key = key;
       if (c == '\'') Note("single-quote", start, Path());
+      NoteEscapes();
       return true;
     }
     if (!IsKeyStart(c)) return Fail("expected a field name in quotes");
@@ -254,10 +256,19 @@ class JsonDocumentParser {
       return Fail(decoded.error->reason);
     }
     for (std::size_t offset : decoded.lenient_escapes) {
-      Note("invalid-escape", PositionOf(first + offset), Path());
+      escapes_.push_back(PositionOf(first + offset));
     }
     out = document_.decoded_.emplace_back(std::move(decoded.text));
     return true;
+  }
+
+  // The escapes JSON lacks in the string just read, noted once the path
+  // names the string's member.
+  void NoteEscapes() {
+    for (const TextPosition& escape : escapes_) {
+      Note("invalid-escape", escape, Path());
+    }
+    escapes_.clear();
   }
 
   bool ParseNumber(JsonValue& value) {
@@ -381,6 +392,7 @@ class JsonDocumentParser {
   std::vector<JsonValue> value_stack_;
   std::vector<JsonMember> member_stack_;
   std::vector<Step> path_;
+  std::vector<TextPosition> escapes_;
   const char* begin_;
   const char* end_;
   const char* at_;
