@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -76,7 +77,10 @@ class DocumentLinter {
           "the file has no version: the table reads version 0.0");
       path_.clear();
     }
-    VisitObject(root, table);
+    if (root.type() == Type::kObject) {
+      const JsonValue* const object[] = {&root};
+      VisitObject(object, table);
+    }
     return std::move(findings_);
   }
 
@@ -104,20 +108,27 @@ class DocumentLinter {
     std::size_t size_;
   };
 
-  void VisitObject(const JsonValue& object, const Descriptor& descriptor) {
-    if (object.type() != Type::kObject) return;
+  // `objects` are the values of one field given more than once, which the
+  // reader merges: a field is missing only if none of them has it.
+  void VisitObject(std::span<const JsonValue* const> objects,
+                   const Descriptor& descriptor) {
+    const auto matching = [&](const FieldDescriptor& field, auto&& visit) {
+      for (const JsonValue* object : objects) {
+        for (const JsonMember& member : object->members()) {
+          if (JsonKeyMatches(member.key, field.name())) visit(member);
+        }
+      }
+    };
     std::vector<std::string_view> missing;
-    const auto members = object.members();
     for (int i = 0; i < descriptor.field_count(); ++i) {
       const FieldDescriptor& field = *descriptor.field(i);
       int given = 0;
       const JsonMember* second = nullptr;
       const JsonValue* last_value = nullptr;  // null values set nothing
-      for (const JsonMember& member : members) {
-        if (!JsonKeyMatches(member.key, field.name())) continue;
+      matching(field, [&](const JsonMember& member) {
         if (++given == 2) second = &member;
         if (member.value.type() != Type::kNull) last_value = &member.value;
-      }
+      });
       if (given == 0) {
         // The table's version has a rule of its own.
         if (!(path_.empty() && field.name() == "version")) {
@@ -127,18 +138,29 @@ class DocumentLinter {
       }
       const Step step(path_, field.name());
       if (given > 1) Duplicated(field, given, *second, last_value);
-      for (const JsonMember& member : members) {
-        if (JsonKeyMatches(member.key, field.name())) {
+      if (field.is_repeated() ||
+          field.cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
+        matching(field, [&](const JsonMember& member) {
+          VisitValue(member.value, field);
+        });
+        continue;
+      }
+      std::vector<const JsonValue*> merged;
+      matching(field, [&](const JsonMember& member) {
+        if (member.value.type() == Type::kObject) {
+          merged.push_back(&member.value);
+        } else {
           VisitValue(member.value, field);
         }
-      }
+      });
+      if (!merged.empty()) VisitObject(merged, *field.message_type());
     }
     if (missing.empty()) return;
+    const TextPosition at = objects.front()->position();
     if (missing.size() < static_cast<std::size_t>(descriptor.field_count())) {
-      Add(object.position(), "missing-fields",
-          MissingFieldsText(missing, path_));
+      Add(at, "missing-fields", MissingFieldsText(missing, path_));
     } else if (!path_.empty()) {
-      Add(object.position(), "missing-fields",
+      Add(at, "missing-fields",
           fmt::format("{} is an empty object: all its {} fields load as 0",
                       path_, missing.size()));
     }
@@ -188,9 +210,11 @@ class DocumentLinter {
   void VisitElement(const JsonValue& value, const FieldDescriptor& field,
                     std::optional<std::size_t> index) {
     if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
-      if (!index) return VisitObject(value, *field.message_type());
+      if (value.type() != Type::kObject) return;
+      const JsonValue* const object[] = {&value};
+      if (!index) return VisitObject(object, *field.message_type());
       const Step step(path_, *index);
-      return VisitObject(value, *field.message_type());
+      return VisitObject(object, *field.message_type());
     }
     const bool is_float = field.cpp_type() == FieldDescriptor::CPPTYPE_FLOAT ||
                           field.cpp_type() == FieldDescriptor::CPPTYPE_DOUBLE;
