@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 #include "awb_records/record_description.h"
 

@@ -153,14 +153,9 @@ class JsonDocumentParser {
       SkipWhitespace();
       if (!ParseValue(member.value, depth + 1)) return false;
       member_stack_.push_back(member);
-      SkipWhitespace();
-      if (Peek() == ',') {
-        if (TrailingComma('}')) break;
-        continue;
-      }
-      if (Peek() != '}') return Fail("expected ',' or '}'");
-      ++at_;
-      break;
+      bool closed = false;
+      if (!AfterItem('}', closed)) return false;
+      if (closed) break;
     }
     path_.pop_back();
     const std::size_t count = member_stack_.size() - first;
@@ -186,14 +181,9 @@ class JsonDocumentParser {
       JsonValue element;
       if (!ParseValue(element, depth + 1)) return false;
       value_stack_.push_back(element);
-      SkipWhitespace();
-      if (Peek() == ',') {
-        if (TrailingComma(']')) break;
-        continue;
-      }
-      if (Peek() != ']') return Fail("expected ',' or ']'");
-      ++at_;
-      break;
+      bool closed = false;
+      if (!AfterItem(']', closed)) return false;
+      if (closed) break;
     }
     path_.pop_back();
     const std::size_t count = value_stack_.size() - first;
@@ -219,6 +209,23 @@ class JsonDocumentParser {
     key = std::string_view(first, at_ - first);
     path_.back().key = key;
     Note("unquoted-key", start, Path());
+    return true;
+  }
+
+  // After a member or element: steps over the ',' or the `close` that must
+  // follow; `closed` tells which (a trailing comma before `close` counts as
+  // closed).
+  bool AfterItem(char close, bool& closed) {
+    SkipWhitespace();
+    if (Peek() == ',') {
+      closed = TrailingComma(close);
+      return true;
+    }
+    if (Peek() != close) {
+      return Fail(std::string("expected ',' or '") + close + "'");
+    }
+    ++at_;
+    closed = true;
     return true;
   }
 
