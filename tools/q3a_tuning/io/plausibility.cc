@@ -7,9 +7,9 @@
 #include <type_traits>
 
 #include "protomsg/record_conversions.h"
-#include "tools/q3a_tuning/lint/lint.h"
 #include "tools/q3a_tuning/io/record_walk.h"
 #include "tools/q3a_tuning/io/table_file.h"
+#include "tools/q3a_tuning/lint/lint.h"
 
 namespace q3a_tool {
 namespace {

@@ -10,10 +10,10 @@
 
 #include "protomsg/record_conversions.h"
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/lint/json_document.h"
 #include "tools/q3a_tuning/io/plausibility.h"
-#include "tools/q3a_tuning/lint/table_diagnostics.h"
 #include "tools/q3a_tuning/io/tuning_binary_file.h"
+#include "tools/q3a_tuning/lint/json_document.h"
+#include "tools/q3a_tuning/lint/table_diagnostics.h"
 
 namespace q3a_tool {
 namespace {

@@ -71,10 +71,10 @@ class JsonDocumentParser {
     std::memcpy(document_.text_.get(), text.data(), text.size());
     begin_ = at_ = line_start_ = document_.text_.get();
     end_ = begin_ + text.size();
-    // Enough for every value the text can hold, so the stacks never move;
-    // only the part in use is ever touched.
+    // Room for every value ("1,") and member ("a:1,") the text can hold,
+    // so the stacks never move; only the part in use is ever touched.
     value_stack_.reserve(text.size() / 2 + 1);
-    member_stack_.reserve(text.size() / 6 + 1);
+    member_stack_.reserve(text.size() / 4 + 1);
   }
 
   std::variant<JsonDocument, JsonSyntaxError> Parse() && {

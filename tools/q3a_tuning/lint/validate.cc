@@ -8,10 +8,10 @@
 
 #include "protomsg/record_conversions.h"
 #include "tools/q3a_tuning/io/compact_table.h"
+#include "tools/q3a_tuning/io/record_walk.h"
 #include "tools/q3a_tuning/lint/json_document.h"
 #include "tools/q3a_tuning/lint/json_lint.h"
 #include "tools/q3a_tuning/lint/lint.h"
-#include "tools/q3a_tuning/io/record_walk.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
 
 namespace q3a_tool {
