@@ -36,11 +36,13 @@ BENCH_FLAGS ?= --benchmark_repetitions=5 --benchmark_min_time=0.1 \
 	--benchmark_report_aggregates_only=true --benchmark_format=json
 bench: deps
 	@cmake -S . -B $(BENCH_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release $(CMAKE_FLAGS) >/dev/null
-	@cmake --build $(BENCH_DIR) --target q3a_bench q3a_load_bench
+	@cmake --build $(BENCH_DIR) --target q3a_bench q3a_load_bench q3a_tool_bench
 	@echo "bench: running, a few minutes"
 	@$(BENCH_DIR)/bench/q3a_bench $(BENCH_FLAGS) > $(BENCH_DIR)/bench/results.json
 	@$(BENCH_DIR)/bench/q3a_load_bench $(BENCH_FLAGS) > $(BENCH_DIR)/bench/load_results.json
-	@bench/ratios $(BENCH_DIR)/bench/results.json $(BENCH_DIR)/bench/load_results.json
+	@$(BENCH_DIR)/bench/q3a_tool_bench $(BENCH_FLAGS) > $(BENCH_DIR)/bench/tool_results.json
+	@bench/ratios $(BENCH_DIR)/bench/results.json $(BENCH_DIR)/bench/load_results.json \
+		$(BENCH_DIR)/bench/tool_results.json
 
 # The test suite built with ASan and UBSan, then the concurrency suite built
 # with ThreadSanitizer, each in its own build directory. At -O2 -g, g++ needs

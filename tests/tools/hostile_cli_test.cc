@@ -21,6 +21,7 @@
 
 #include "tests/support/device_node.h"
 #include "tests/tools/tool_runner.h"
+#include "tests/tools/wire_fields.h"
 
 namespace q3a_test {
 namespace {
@@ -141,11 +142,17 @@ class HostileFiles : public ToolTest {
 };
 
 class HostileTest : public HostileFiles,
-                    public testing::WithParamInterface<HostileCase> {};
+                    public testing::WithParamInterface<HostileCase> {
+ protected:
+  void Check(const HostileCase& c);
+};
 
 TEST_P(HostileTest, FailsCleanlyAndTouchesNothing) {
-  const HostileCase& c = GetParam();
-  if (NeedsMissingDevice(c.args)) GTEST_SKIP() << no_device_;
+  if (NeedsMissingDevice(GetParam().args)) GTEST_SKIP() << no_device_;
+  Check(GetParam());
+}
+
+void HostileTest::Check(const HostileCase& c) {
   const Snapshot before = Take(dir_);
   const ToolResult result =
       RunTool(Expand(c.args), dir_, c.file_size_limit);
@@ -427,6 +434,99 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"GetBadKeyInOperand",
                     {"get", "awb:0,-1:feature", "version"}, 2,
                     "awb:0,-1:feature: '0,-1' is not a key"}),
+    [](const auto& info) { return info.param.name; });
+
+// Files whose validation the library would not explain: cut short, keys
+// written with escapes, random bytes, forms beyond JSON, the compact form.
+class ValidationHostileTest : public HostileTest {
+ protected:
+  void SetUp() override {
+    HostileTest::SetUp();
+    const std::string basic = ReadFile(Path("p/basic.pb"));
+    const std::vector<std::size_t> fields = TopLevelFieldStarts(basic);
+    ASSERT_GT(fields.size(), 8u);
+    Write("cut.pb", basic.substr(0, fields[8]));
+    std::string feature = ReadFile(Path("t/feature.json"));
+    const std::string key = "\"max_face_count\": 5";
+    ASSERT_NE(feature.find(key), std::string::npos);
+    feature.replace(feature.find(key), key.size(),
+                    "\"max_face\\u005fcount\": 5");
+    Write("escaped.json", feature);
+    feature.replace(feature.find("\"max_face"), 0,
+                    "\"max\\u005Ffac\\u0065_count\": 4, ");
+    Write("escaped_dup.json", feature);
+    std::mt19937 random(102944);
+    std::string noise(102944, '\0');
+    for (char& byte : noise) byte = static_cast<char>(random());
+    Write("random.bin", noise);
+    Write("comma.json",
+          "{\"version\": {\"major\": 3, \"minor\": 1},\n"
+          " \"initial_cct\": 4100,\n}");
+    Write("typo.json", "{\"initial_cct\": 1,\n \"initial_ct\": 2}");
+    ASSERT_EQ(Run({"export", "--key", kKey, "-o", Path("c"), "--compact"})
+                  .exit_code,
+              0);
+    ASSERT_EQ(Run({"set", Path("t/advance.json"), std::string(kKindPath) +
+                                                      "=kQAWBFrameSummaryTypeGreen",
+                   "-o", Path("kind.json")})
+                  .exit_code,
+              0);
+  }
+
+  static constexpr char kKindPath[] =
+      "outdoor_tuning_table.outdoor_final_trust_level_list."
+      "bv_stats_trust_info.stats_type.base_region[0]";
+};
+
+TEST_P(ValidationHostileTest, FailsCleanlyAndTouchesNothing) {
+  Check(GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Validation, ValidationHostileTest,
+    testing::Values(
+        HostileCase{"BinaryCutShortAtAField", {"validate", "{d}/cut.pb"}, 1,
+                    "", "cut.pb: 9 fields missing from the table"},
+        HostileCase{"EscapedKey", {"validate", "{d}/escaped.json"}, 0, "",
+                    "escaped.json: feature table version 3.3: ok"},
+        HostileCase{"GetEscapedKey",
+                    {"get", "{d}/escaped.json",
+                     "face_tuning_table.max_face_count"},
+                    0, "", "5\n"},
+        HostileCase{"DuplicateThroughEscapes",
+                    {"validate", "{d}/escaped_dup.json"}, 1, "",
+                    "face_tuning_table.max_face_count: \"max_face_count\" is "
+                    "given 2 times: the last value that is not null"},
+        HostileCase{"OtherTablesFileIsWrongTable",
+                    {"validate", "--json", "{d}/p/color.pb", "--table",
+                     "basic"},
+                    1, "color.pb: this is a color table, not a basic table",
+                    "\"rule\": \"wrong-table\""},
+        HostileCase{"InspectRandomBytes", {"inspect", "{d}/random.bin"}, 1,
+                    "random.bin: not a tuning binary file: its tables hold "
+                    "what no table holds\n  basic: version: ",
+                    "random.bin: 102944 bytes"},
+        HostileCase{"RestoreOverRandomBytes",
+                    {"restore", "--base", "{d}/random.bin", "-o", "{d}/x.bin"},
+                    1, "random.bin: not a tuning binary file"},
+        HostileCase{"DumpRandomBytes",
+                    {"dump", "{d}/random.bin", "-o", "{d}/r"}, 1,
+                    "random.bin: not a tuning binary file"},
+        HostileCase{"TrailingCommaHasItsPath",
+                    {"validate", "{d}/comma.json"}, 1, "",
+                    "comma.json:2:21: initial_cct: a comma before the closing "
+                    "bracket"},
+        HostileCase{"RejectedFileOfOneTableIsNotGuessed",
+                    {"validate", "{d}/typo.json"}, 1,
+                    "typo.json: rejected as a basic table\n"},
+        HostileCase{"CompactFileWithoutCompact",
+                    {"validate", "{d}/c/feature.json"}, 1,
+                    "hint: {d}/c/feature.json reads like a compact file",
+                    "fields missing"},
+        HostileCase{"DiffNamesKinds",
+                    {"diff", "{d}/t/advance.json", "{d}/kind.json"}, 1, "",
+                    "base_region[0]: kQAWBFrameSummaryTypeTotalStats -> "
+                    "kQAWBFrameSummaryTypeGreen"}),
     [](const auto& info) { return info.param.name; });
 
 // A run stopped at a random moment: every file it may write is either as it

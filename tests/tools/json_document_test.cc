@@ -1,5 +1,6 @@
 #include "tools/q3a_tuning/lint/json_document.h"
 
+#include <google/protobuf/util/json_util.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -32,7 +33,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(SyntaxCase{"{\n  \"a\": ,\n}", 2, 8},
                     SyntaxCase{"{\"a\": 1 \"b\": 2}", 1, 9},
                     SyntaxCase{"{\"a\": [1, 2}", 1, 12},
-                    SyntaxCase{"{\n\n  a: 1}", 3, 3},
+                    SyntaxCase{"{\n\n  1a: 1}", 3, 3},
                     SyntaxCase{"{\"a\": \"open", 1, 12},
                     SyntaxCase{"{} x", 1, 4}, SyntaxCase{"", 1, 1},
                     SyntaxCase{"{\"a\": tru}", 1, 7},
@@ -42,20 +43,56 @@ TEST(JsonDocument, FindsValuesByPathWithEitherSpellingOfKeys) {
   const auto parsed = ParseJsonDocument(
       "{\n \"region_list\": {\n  \"regionBvList\": [\n   {\"bv_value\": 1},\n"
       "   {\"bv_value\": 2}\n  ]\n }\n}");
-  ASSERT_TRUE(std::holds_alternative<JsonValue>(parsed));
-  const JsonValue& root = std::get<JsonValue>(parsed);
+  ASSERT_TRUE(std::holds_alternative<JsonDocument>(parsed));
+  const JsonValue& root = std::get<JsonDocument>(parsed).root();
 
   const JsonValue* second =
       FindJsonPath(root, "region_list.region_bv_list[1].bv_value");
   ASSERT_NE(second, nullptr);
-  EXPECT_EQ(second->text, "2");
-  EXPECT_EQ(second->position.line, 5);
-  EXPECT_EQ(second->position.column, 17);
+  EXPECT_EQ(second->text(), "2");
+  EXPECT_EQ(second->position().line, 5);
+  EXPECT_EQ(second->position().column, 17);
 
   EXPECT_EQ(FindJsonPath(root, "region_list.region_bv_list[2]"), nullptr);
   EXPECT_EQ(FindJsonPath(root, "region_list.missing"), nullptr);
   EXPECT_EQ(FindJsonPath(root, "region_list[0]"), nullptr);
 }
+
+// A key written in the feature table's face tuning object must be read as
+// protobuf's parser reads it: the same field found or not, and a refusal of
+// the same escapes.
+class KeySpellingTest : public testing::TestWithParam<std::string> {};
+
+TEST_P(KeySpellingTest, ReadsTheKeyAsProtobufDoes) {
+  const std::string text =
+      "{\"face_tuning_table\": {" + GetParam() + ": 6}}";
+  qawb::tuning::QAWBFeatureTuningTable message;
+  const auto status = google::protobuf::util::JsonStringToMessage(text, &message);
+  const bool unknown_field =
+      std::string(status.message()).find("Cannot find field") !=
+      std::string::npos;
+  const auto parsed = ParseJsonDocument(text);
+  const auto* document = std::get_if<JsonDocument>(&parsed);
+  ASSERT_EQ(document != nullptr, status.ok() || unknown_field)
+      << status.message();
+  if (document == nullptr) return;
+  const JsonValue* value =
+      FindJsonPath(document->root(), "face_tuning_table.max_face_count");
+  EXPECT_EQ(value != nullptr, status.ok());
+  EXPECT_EQ(message.face_tuning_table().max_face_count(), status.ok() ? 6 : 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, KeySpellingTest,
+    testing::Values(
+        R"("max_face\u005fcount")", R"("max_face\u005Fcount")",
+        R"("\u006dax_face_count")", R"("maxFaceCount")", R"("MaxFaceCount")",
+        R"("max_faceCount")", R"("maxfacecount")", R"("max\_face_count")",
+        R"("\max_face_count")", R"("max\/face_count")", "'max_face_count'",
+        "max_face_count", R"("max_face_count\ud83d\ude00")",
+        R"("max_face_count\ud800")", R"("max_face_count\udc00")",
+        R"("max_face_count\ud800\u0041")", R"("max_face_count\u00zz")",
+        "\"max_face_count\xff\"", "\"max_face_count\x01\""));
 
 struct SchemaCase {
   const char* text;
@@ -68,9 +105,9 @@ class JsonSchemaProblemTest : public testing::TestWithParam<SchemaCase> {};
 
 TEST_P(JsonSchemaProblemTest, FindsTheFirstValueTheBasicTableRejects) {
   const auto parsed = ParseJsonDocument(GetParam().text);
-  ASSERT_TRUE(std::holds_alternative<JsonValue>(parsed));
+  ASSERT_TRUE(std::holds_alternative<JsonDocument>(parsed));
   const auto problem =
-      FindSchemaProblem(std::get<JsonValue>(parsed),
+      FindSchemaProblem(std::get<JsonDocument>(parsed).root(),
                         *qawb::tuning::QAWBBasicTuningTable::descriptor());
   if (GetParam().path == nullptr) {
     EXPECT_FALSE(problem.has_value()) << problem->path;
@@ -118,7 +155,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(LocateJsonFailure, PrefersTheSyntaxErrorAndFallsBackToTheStart) {
   const auto* descriptor = qawb::tuning::QAWBBasicTuningTable::descriptor();
   const JsonLocation syntax =
-      LocateJsonFailure("{\"initial_cc\": 1,}", *descriptor);
+      LocateJsonFailure("{\"initial_cc\": 1 2}", *descriptor);
   EXPECT_TRUE(syntax.path.empty());
   EXPECT_EQ(syntax.position.column, 18);
 

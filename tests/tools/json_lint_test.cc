@@ -22,6 +22,7 @@ struct LintCase {
   int column;
   std::string says;  // the message holds this
   bool with_key = false;  // validated against container 0,-1,1,0,-1
+  const char* path = nullptr;  // the finding's path, where checked
 };
 
 class DocumentLintTest : public testing::TestWithParam<LintCase> {};
@@ -43,6 +44,9 @@ TEST_P(DocumentLintTest, ReportsTheRuleAtItsPlace) {
     EXPECT_EQ(problem.line, c.line) << seen.back();
     EXPECT_EQ(problem.column, c.column) << seen.back();
     EXPECT_THAT(problem.message, testing::HasSubstr(c.says));
+    if (c.path != nullptr) {
+      EXPECT_EQ(problem.path, c.path);
+    }
     return;
   }
   ADD_FAILURE() << "no " << c.rule << " finding among:\n"
@@ -61,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
         LintCase{"DuplicateScalarLastWins",
                  Basic(R"("initial_cct": 4100, "initial_cct": 4200)"),
                  TableKind::kBasic, "duplicate-key", 2, 22,
-                 "the last value (line 2, column 37) wins"},
+                 "the last value that is not null (line 2, column 37) wins"},
         LintCase{"DuplicateListsJoined",
                  Basic(R"("illuminant_weight_table": {"cct_list": [1],
   "cct_list": [2]})"),
@@ -69,13 +73,38 @@ INSTANTIATE_TEST_SUITE_P(
                  "joins the lists"},
         LintCase{"TrailingComma", Basic(R"("initial_cct": 4100,)"),
                  TableKind::kBasic, "trailing-comma", 2, 20,
-                 "other JSON tools refuse"},
+                 "other JSON tools refuse", false, "initial_cct"},
+        // Paths name the schema's fields whatever the keys' spelling.
+        LintCase{"TrailingCommaAfterCamelCaseKeys",
+                 Basic(R"("initialGain": {"rGain": 1,})"), TableKind::kBasic,
+                 "trailing-comma", 2, 27, "a comma", false,
+                 "initial_gain.r_gain"},
+        LintCase{"DuplicateThroughAnEscape",
+                 Basic(R"("initial_cct": 4100, "initial\u005fcct": 4200)"),
+                 TableKind::kBasic, "duplicate-key", 2, 22,
+                 "the last value that is not null (line 2, column 42) wins"},
+        LintCase{"DuplicateWithNullLast",
+                 Basic(R"("initial_cct": 4100, "initial_cct": null)"),
+                 TableKind::kBasic, "duplicate-key", 2, 22,
+                 "(line 2, column 16) wins"},
+        LintCase{"EscapeJsonLacks", Basic(R"("initial\_cct": 4100)"),
+                 TableKind::kBasic, "invalid-escape", 2, 9, "backslash", false,
+                 "initial_cct"},
+        LintCase{"FormFeedAsSpace", Basic("\"initial_cct\":\f4100"),
+                 TableKind::kBasic, "whitespace", 2, 15, "form feed", false,
+                 "initial_cct"},
         LintCase{"RepeatsCountedOnTheFirst",
-                 Basic(R"("initial_gain": {"r_gain": 1,}, "initial_cct": 1,)"),
-                 TableKind::kBasic, "trailing-comma", 2, 29,
-                 "refuse the file (and 1 more like it)"},
+                 Basic(R"("illuminant_weight_table": {"illuminant_cct_list":
+  [{"weight_list": [2,]}, {"weight_list": [3,]}]})"),
+                 TableKind::kBasic, "trailing-comma", 3, 22,
+                 "(and 1 more like it at illuminant_weight_table."
+                 "illuminant_cct_list[].weight_list[])"},
         LintCase{"SingleQuotes", Basic(R"('initial_cct': 4100)"),
                  TableKind::kBasic, "single-quote", 2, 1, "single quotes"},
+        LintCase{"SingleQuotedValue",
+                 Basic(R"("initial_gain": {"r_gain": 'NaN'})"),
+                 TableKind::kBasic, "single-quote", 2, 28, "single quotes",
+                 false, "initial_gain.r_gain"},
         LintCase{"UnquotedKey", Basic(R"(initial_cct: 4100)"),
                  TableKind::kBasic, "unquoted-key", 2, 1, "without quotes"},
         LintCase{"NotANumber",

@@ -100,6 +100,9 @@ TEST_F(PlotCliTest, NonFiniteValuesAreFindingsAndTheRestIsDrawn) {
                         "left out of the plots"));
   const std::string svg = ReadFile(Path("nan.svg"));
   EXPECT_THAT(svg, HasSubstr(">2850 K<"));
+  EXPECT_THAT(svg, HasSubstr(">Left out: 1 value that is not finite: "
+                             "golden_module_table.golden_module_data[0]."
+                             "golden_reference_point.rg (nan)<"));
   EXPECT_FALSE(testing::Value(svg, testing::ContainsRegex("[=', L]-?nan")))
       << "a NaN coordinate was written";
 }
@@ -122,6 +125,29 @@ TEST_F(PlotCliTest, ReportListsFindingsDifferencesAndRegistration) {
   EXPECT_THAT(html, HasSubstr("id=\"diff-feature\""));
   EXPECT_THAT(html, Not(HasSubstr("id=\"diff-color\"")));
   EXPECT_THAT(html, HasSubstr("No findings"));
+}
+
+// A new version is what an edited file is meant to carry; the container's
+// own label is no sharer of its tables.
+TEST_F(PlotCliTest, ReportShowsANewVersionAsAChangeAndOnlyOtherSharers) {
+  const std::string feature =
+      Edited("feature", "\"minor\": [0-9]+", "\"minor\": 7");
+  const ToolResult result = Run({"report", "--key", kKey, "--against",
+                                 feature, "-o", Path("report.html")});
+  ASSERT_EQ(result.exit_code, 0) << result.err;
+  const std::string html = ReadFile(Path("report.html"));
+  EXPECT_THAT(html, HasSubstr("(the version changes from 3.3 to 3.7)"));
+  EXPECT_THAT(html, HasSubstr("No findings"));
+  std::smatch label;
+  ASSERT_TRUE(std::regex_search(
+      html, label, std::regex("awb " + std::string(kKey) + " \\((awb#[0-9]+)")));
+  std::smatch row;
+  ASSERT_TRUE(std::regex_search(
+      html, row, std::regex("<tr><td>color</td><td>(C[0-9]+)</td><td>[^<]*"
+                            "</td><td>([^<]*)</td><td>([^<]*)</td>")));
+  const std::string sharers = ", " + row[2].str() + ",";
+  EXPECT_THAT(sharers, Not(HasSubstr(" " + label[1].str() + ",")));
+  EXPECT_NE(row[3].str(), "") << "the color table has a twin of its bytes";
 }
 
 TEST_F(PlotCliTest, ReportCarriesTheFindingsOfValidate) {

@@ -122,7 +122,7 @@ TEST(LayoutChart, NonFinitePointsAreLeftOutAndTheRestFitTheFrame) {
   const ChartLayout layout = LayoutChart(chart, {0, 0, 545, 440});
   ASSERT_EQ(layout.series[0].size(), 2u);
   for (XY p : layout.series[0]) EXPECT_TRUE(layout.frame.Contains(p));
-  const std::string svg = RenderFigureSvg({"t", {chart}});
+  const std::string svg = RenderFigureSvg({"t", {chart}, ""});
   EXPECT_THAT(svg, Not(HasSubstr("nan")));
   EXPECT_THAT(svg, Not(HasSubstr("inf")));
 }
@@ -137,7 +137,7 @@ TEST(LayoutChart, NoFinitePointMeansNoData) {
   HeatMap map;
   map.title = "empty map";
   EXPECT_TRUE(LayoutHeatMap(map, {0, 0, 545, 440}).empty);
-  const std::string svg = RenderFigureSvg({"t", {chart, map}});
+  const std::string svg = RenderFigureSvg({"t", {chart, map}, ""});
   EXPECT_THAT(svg, HasSubstr(">no data<"));
   EXPECT_THAT(svg, Not(HasSubstr(">R/G<"))) << "no axes without data";
 }

@@ -42,6 +42,11 @@ TEST(DiffRecords, NamesEachChangedFieldByItsJsonPathInLayoutOrder) {
       .base_region[1] = qawb::kQAWBFrameSummaryTypeInvalid;
   old_table->grey_final_trust_level_list.bv_stats_trust_info.stats_type
       .base_region[1] = qawb::kQAWBFrameSummaryTypeFace;
+  // A kind no message carries, as a tuning binary file may hold.
+  old_table->grey_final_trust_level_list.bv_stats_trust_info.stats_type
+      .target_region = qawb::kQAWBFrameSummaryTypeInvalid;
+  new_table->grey_final_trust_level_list.bv_stats_trust_info.stats_type
+      .target_region = static_cast<qawb::QAWBFrameSummaryType>(12);
 
   const std::string mask =
       old_table->luminance_weight_table.mask_list[2][4] ? "true" : "false";
@@ -57,7 +62,11 @@ TEST(DiffRecords, NamesEachChangedFieldByItsJsonPathInLayoutOrder) {
           // column 4 of 9 columns.
           "luminance_weight_table.mask_list[22]: " + mask + " -> " + new_mask,
           "grey_final_trust_level_list.bv_stats_trust_info.stats_type"
-          ".base_region[1]: 3 -> -1"}));
+          ".target_region: kQAWBFrameSummaryTypeInvalid -> "
+          "kQAWBFrameSummaryTypeInvalid (stored 12)",
+          "grey_final_trust_level_list.bv_stats_trust_info.stats_type"
+          ".base_region[1]: kQAWBFrameSummaryTypeFace -> "
+          "kQAWBFrameSummaryTypeInvalid"}));
 }
 
 struct ToleranceCase {

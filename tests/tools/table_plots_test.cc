@@ -199,7 +199,7 @@ TEST(HtmlReport, EscapesEveryTextAndHasEverySection) {
   ReportData data;
   data.key = "<script>alert(1)</script>";
   data.registrations = {"awb <b>"};
-  data.tables = {{"basic", "B1", "3.1", "awb#1 & awb#2", "x\"y.json"}};
+  data.tables = {{"basic", "B1", "3.1", "awb#1 & awb#2", "B2", "x\"y.json"}};
   data.findings = {{"basic", "<file>", "path: <bad> & 'worse'"}};
   ReportSection section;
   section.id = "basic";

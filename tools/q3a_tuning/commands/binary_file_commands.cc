@@ -33,6 +33,7 @@ std::optional<ToolError> ReadTuningBinaryFile(const std::string& path,
         "{}: {} bytes, but a tuning binary file has exactly {}", path,
         info->size, MutableQAWBTuning::kTuningBinaryFileSize)};
   }
+  if (!info->Plausible()) return ToolError{info->ImplausibleText(path)};
   if (!tuning.ReadFromFile(path)) {
     return ToolError{path + ": the container refused the file"};
   }
@@ -137,7 +138,10 @@ int RunInspect(const std::string& path) {
                TableName(head.kind), head.offset, head.size,
                head.version ? VersionString(*head.version) : "(past the end)");
   }
-  return info->size_ok ? kExitOk : kExitFailure;
+  if (info->size_ok && !info->Plausible()) {
+    fmt::print(stderr, "{}\n", info->ImplausibleText(path));
+  }
+  return info->size_ok && info->Plausible() ? kExitOk : kExitFailure;
 }
 
 }  // namespace
@@ -198,7 +202,8 @@ void AddInspectCommand(CLI::App& app, int& exit_code) {
   auto* command = app.add_subcommand(
       "inspect",
       "Show a tuning binary file's size and its four tables' offsets and "
-      "version heads. Exit 1 if the size is wrong.");
+      "version heads. Exit 1 if the size is wrong or the tables hold what "
+      "no table holds (versions, counts, frame-summary kinds, flags).");
   command->add_option("input", *path, "Tuning binary file")->required();
   command->footer("Example:\n  q3a-tuning inspect tuning.bin");
   command->callback([&exit_code, path] { exit_code = RunInspect(*path); });

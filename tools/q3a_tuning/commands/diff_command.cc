@@ -70,14 +70,14 @@ Result<TableKind> CommonTable(const TableOperand& a, const TableOperand& b,
 // for a JSON file, the place of each value in it.
 void PrintJson(const TableOperand& b,
                const std::vector<Difference>& differences) {
-  std::optional<JsonValue> document;
+  std::optional<JsonDocument> document;
   if (!b.file.empty() && FormatFromPath(b.file) == FileFormat::kJson) {
     const Result<std::string> content = ReadInputFile(b.file);
     std::vector<JsonLeniency> leniencies;
     if (content.ok()) {
       auto parsed = ParseJsonDocument(*content, &leniencies);
-      if (auto* root = std::get_if<JsonValue>(&parsed)) {
-        document = std::move(*root);
+      if (auto* parsed_document = std::get_if<JsonDocument>(&parsed)) {
+        document = std::move(*parsed_document);
       }
     }
   }
@@ -86,7 +86,7 @@ void PrintJson(const TableOperand& b,
     Problem problem{b.name, 0, 0, d.path, "differs",
                     d.old_value + " -> " + d.new_value};
     if (document) {
-      const TextPosition at = PositionOfPath(*document, d.path);
+      const TextPosition at = PositionOfPath(document->root(), d.path);
       problem.line = at.line;
       problem.column = at.column;
     }

@@ -41,8 +41,10 @@ void AddRegistration(const qawb::QAWBTuning& container, ReportData& data,
   const std::vector<Registration> registrations =
       ListRegistrations(q3a_coordinator::GetTuningMap());
   const AwbTableLabels labels(registrations);
+  std::string own_label;
   for (const Registration& r : registrations) {
     if (r.object == static_cast<const void*>(&container)) {
+      own_label = r.label;
       data.registrations.push_back(fmt::format(
           "{} {} ({}), key fields use_case, sensor_mode, camera_position, "
           "lens_type, reserved",
@@ -53,11 +55,18 @@ void AddRegistration(const qawb::QAWBTuning& container, ReportData& data,
     const void* table = TablePointer(container, kind);
     const auto version = TableVersion(container, kind);
     const auto file = files.find(kind);
-    data.tables.push_back(
-        {std::string(TableName(kind)), labels.Label(kind, table),
-         version ? VersionString(*version) : "-",
-         table != nullptr ? Join(labels.Users(kind, table)) : "",
-         file != files.end() ? file->second : ""});
+    std::vector<std::string> others;
+    if (table != nullptr) {
+      for (const std::string& user : labels.Users(kind, table)) {
+        if (user != own_label) others.push_back(user);
+      }
+    }
+    data.tables.push_back({std::string(TableName(kind)),
+                           labels.Label(kind, table),
+                           version ? VersionString(*version) : "-",
+                           Join(others),
+                           Join(labels.SameBytesAs(kind, table)),
+                           file != files.end() ? file->second : ""});
   }
 }
 
@@ -123,9 +132,10 @@ int RunReport(const ReportOptions& options) {
             if (auto error = LoadTableFile(file->second, *format, *edited)) {
               return error;
             }
+            // A new version is what an edited file is meant to carry: it is
+            // shown with the differences, not as a finding.
             for (const Problem& problem :
-                 ValidateTableFile(file->second, *format, kind, &container)
-                     .problems) {
+                 ValidateTableFile(file->second, *format, kind).problems) {
               data.findings.push_back(
                   {section.id, file->second, ProblemText(problem)});
             }
@@ -135,8 +145,14 @@ int RunReport(const ReportOptions& options) {
                                       file->second);
             section.compared = true;
             section.compared_note = fmt::format(
-                "{} (after) against the {} (before), field by field:",
-                names.table, names.before);
+                "{} (after) against the {} (before), field by field{}:",
+                names.table, names.before,
+                VersionString(edited->version) ==
+                        VersionString(built_in->version)
+                    ? ""
+                    : fmt::format(" (the version changes from {} to {})",
+                                  VersionString(built_in->version),
+                                  VersionString(edited->version)));
             section.differences = DiffRecords(*built_in, *edited);
             plots = PlotTable(*edited, built_in, names);
           } else {

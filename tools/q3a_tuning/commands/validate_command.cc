@@ -35,12 +35,18 @@ int ValidateOne(const std::string& path, const ValidateOptions& options,
   if (auto refused = CheckInputFile(path)) return ReportError(*refused);
   const Result<FileFormat> format = ResolveFormat(path, options.format);
   if (!format.ok()) return ReportError(format.error());
-  const Result<TableKind> kind = ResolveTable(path, *format, options.table);
+  // A --table that names another table than the file holds is a
+  // "wrong-table" finding of ValidateTableFile.
+  TableGuess guess;
+  const Result<TableKind> kind =
+      options.table.empty() ? ResolveTable(path, *format, "", &guess)
+                            : ParseTableOption(options.table);
   if (!kind.ok()) {
     if (kind.error().exit_code == kExitUsage) return ReportError(kind.error());
-    all_problems.push_back({path, 0, 0, "", "rejected", ""});
-    all_problems.back().message = kind.error().message.substr(
-        std::min(kind.error().message.size(), path.size() + 2));
+    all_problems.push_back(
+        {path, 0, 0, "", guess.container_dump ? "wrong-table" : "rejected",
+         kind.error().message.substr(
+             std::min(kind.error().message.size(), path.size() + 2))});
     return ReportError(kind.error());
   }
   const ValidationReport report =
@@ -52,10 +58,18 @@ int ValidateOne(const std::string& path, const ValidateOptions& options,
     for (const Problem& problem : report.problems) {
       fmt::print(stderr, "{}\n", ProblemText(problem));
     }
-    fmt::print(
-        stderr, "{}: rejected as a {} table{}\n", path, TableName(*kind),
-        options.table.empty() ? " (guessed; give --table to choose)" : "");
+    const bool in_question = options.table.empty() && !guess.certain;
+    fmt::print(stderr, "{}: rejected as a {} table{}\n", path,
+               TableName(*kind),
+               in_question ? " (guessed; give --table to choose)" : "");
     return kExitFailure;
+  }
+  if (report.reads_like_compact) {
+    fmt::print(stderr,
+               "hint: {} reads like a compact file (export --compact); give "
+               "--compact if it is one, and the fields it leaves out are not "
+               "findings\n",
+               path);
   }
   if (!options.json) {
     for (const Problem& problem : report.problems) {

@@ -14,6 +14,8 @@
 
 #include "awb_records/qawb_shared_records.h"
 #include "awb_records/record_description.h"
+#include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
+#include "protomsg/record_conversions.h"
 
 namespace q3a_tool {
 
@@ -25,14 +27,20 @@ struct Difference {
 
 namespace internal {
 
-// Values print as the JSON tuning file shows them, floats in their shortest
-// exact form.
+// Values print as the JSON tuning file shows them: floats in their shortest
+// exact form, frame-summary kinds by name (with the stored number where the
+// name does not tell it, as for every value the message calls invalid).
 template <typename T>
 std::string FormatValue(const T& value) {
   if constexpr (std::is_same_v<T, bool>) {
     return qawb::StoredByte(value) != 0 ? "true" : "false";
   } else if constexpr (std::is_same_v<T, qawb::QAWBFrameSummaryType>) {
-    return fmt::format("{}", static_cast<std::int32_t>(value));
+    const auto message_value = protomsg::ConvertToMessage(value);
+    const std::string& name =
+        qawb::tuning::QAWBFrameSummaryType_Name(message_value);
+    if (protomsg::ConvertToStruct(message_value) == value) return name;
+    return fmt::format("{} (stored {})", name,
+                       static_cast<std::int32_t>(value));
   } else if constexpr (std::is_floating_point_v<T>) {
     return fmt::format("{}", value);
   } else {

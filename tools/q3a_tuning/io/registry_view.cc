@@ -158,10 +158,12 @@ AwbTableLabels::AwbTableLabels(const std::vector<Registration>& registrations) {
       if (added) {
         it->second.label = fmt::format("{}{}", kLetters[static_cast<int>(kind)],
                                        tables.size());
-        for (const auto& [other, entry] : tables) {
+        // Named from both sides: each of the pair lists the other.
+        for (auto& [other, entry] : tables) {
           if (other != table &&
               std::memcmp(other, table, TableSize(kind)) == 0) {
             it->second.same_bytes_as.push_back(entry.label);
+            entry.same_bytes_as.push_back(it->second.label);
           }
         }
       }

@@ -61,7 +61,7 @@ class AwbTableLabels {
   // The containers (their labels) that hold the table.
   const std::vector<std::string>& Users(TableKind kind,
                                         const void* table) const;
-  // Labels of earlier tables of the same kind with the very same bytes.
+  // Labels of the other tables of the same kind with the very same bytes.
   std::vector<std::string> SameBytesAs(TableKind kind, const void* table) const;
 
  private:

@@ -3,78 +3,64 @@
 #include <fmt/format.h>
 #include <google/protobuf/unknown_field_set.h>
 
-#include <cmath>
+#include <algorithm>
+#include <array>
 #include <variant>
 #include <vector>
 
 #include "protomsg/record_conversions.h"
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/lint/json_document.h"
-#include "tools/q3a_tuning/lint/lint.h"
-#include "tools/q3a_tuning/lint/table_diagnostics.h"
+#include "tools/q3a_tuning/io/plausibility.h"
 #include "tools/q3a_tuning/io/tuning_binary_file.h"
+#include "tools/q3a_tuning/lint/json_document.h"
+#include "tools/q3a_tuning/lint/table_diagnostics.h"
 
 namespace q3a_tool {
 namespace {
 
 using google::protobuf::FieldDescriptor;
-using google::protobuf::Message;
-using google::protobuf::Reflection;
 
 // How well a file fits one table's schema; lower is better.
 struct Fit {
-  bool parses = false;
+  TableKind kind;
   bool canonical = false;  // re-encodes to the file's own bytes
   int unknown = 0;         // unknown fields and wire-type mismatches
-  int implausible = 0;     // lint findings and absurd floats
+  int implausible = 0;     // plausibility.h
   long Score() const { return unknown * 1000L + implausible; }
 };
 
-// Floats decoded from bytes that were something else look like this.
-bool AbsurdFloat(double value) {
-  const double magnitude = std::fabs(value);
-  return !std::isfinite(value) ||
-         (magnitude != 0 && (magnitude < 1e-30 || magnitude > 1e12));
-}
-
-void CountOddities(const Message& message, Fit& fit) {
-  const Reflection& reflection = *message.GetReflection();
-  fit.unknown += reflection.GetUnknownFields(message).field_count();
+template <typename Message>
+int UnknownFields(const Message& message) {
+  const auto& reflection = *message.GetReflection();
+  int unknown = reflection.GetUnknownFields(message).field_count();
   std::vector<const FieldDescriptor*> fields;
   reflection.ListFields(message, &fields);
   for (const FieldDescriptor* field : fields) {
-    const int size =
-        field->is_repeated() ? reflection.FieldSize(message, field) : 1;
-    for (int i = 0; i < size; ++i) {
-      const bool repeated = field->is_repeated();
-      switch (field->cpp_type()) {
-        case FieldDescriptor::CPPTYPE_MESSAGE:
-          CountOddities(repeated
-                            ? reflection.GetRepeatedMessage(message, field, i)
-                            : reflection.GetMessage(message, field),
-                        fit);
-          break;
-        case FieldDescriptor::CPPTYPE_FLOAT:
-          fit.implausible += AbsurdFloat(
-              repeated ? reflection.GetRepeatedFloat(message, field, i)
-                       : reflection.GetFloat(message, field));
-          break;
-        default:
-          break;
-      }
+    if (field->cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) continue;
+    if (!field->is_repeated()) {
+      unknown += UnknownFields(reflection.GetMessage(message, field));
+      continue;
+    }
+    for (int i = 0; i < reflection.FieldSize(message, field); ++i) {
+      unknown += UnknownFields(reflection.GetRepeatedMessage(message, field, i));
     }
   }
+  return unknown;
 }
 
+// Whether `content` parses as the `Record` table; `score` also weighs how
+// well, which only a tie between tables needs.
 template <typename Record>
-Fit FitOf(std::string_view content, FileFormat format) {
+std::optional<Fit> FitOf(std::string_view content, FileFormat format,
+                         bool score) {
   using Message = typename TableTraits<Record>::Message;
-  Fit fit;
   Message message;
-  if (ParseTableMessage(content, format, message)) return fit;
-  fit.parses = true;
-  CountOddities(message, fit);
-  fit.implausible += static_cast<int>(LintTableMessage(message).size());
+  if (ParseTableMessage(content, format, message)) return std::nullopt;
+  Fit fit{TableTraits<Record>::kId};
+  if (score) {
+    fit.unknown = UnknownFields(message);
+    fit.implausible = CountImplausibleValues(message);
+  }
   if (format == FileFormat::kBinary) {
     auto record = MakeZeroedTable<Record>();
     protomsg::ConvertToStruct(message, *record);
@@ -85,47 +71,81 @@ Fit FitOf(std::string_view content, FileFormat format) {
   return fit;
 }
 
+using TableSet = std::array<bool, kAllTableKinds.size()>;
+constexpr TableSet kEveryTable = {true, true, true, true};
+
+std::vector<Fit> Fits(std::string_view content, FileFormat format,
+                      bool score, const TableSet& candidates) {
+  std::vector<Fit> fits;
+  for (TableKind kind : kAllTableKinds) {
+    if (!candidates[static_cast<int>(kind)]) continue;
+    const std::optional<Fit> fit = VisitTableKind(kind, [&](auto type) {
+      return FitOf<typename decltype(type)::type>(content, format, score);
+    });
+    if (fit) fits.push_back(*fit);
+  }
+  return fits;
+}
+
 std::string KindList(const std::vector<TableKind>& kinds) {
   std::vector<std::string_view> names;
   for (TableKind kind : kinds) names.push_back(TableName(kind));
   return fmt::format("{}", fmt::join(names, ", "));
 }
 
-// For a JSON file no reader accepts: the table whose fields its top-level
-// keys name most.
-std::optional<TableKind> MostNamedTable(std::string_view content) {
-  auto parsed = ParseJsonDocument(content);
-  const auto* root = std::get_if<JsonValue>(&parsed);
-  if (root == nullptr) return std::nullopt;
-  std::optional<TableKind> best_kind;
-  int best = 0;
+// Which tables have a field the key names.
+TableSet TablesNaming(std::string_view key) {
+  TableSet has{};
   for (TableKind kind : kAllTableKinds) {
-    const int known = VisitTableKind(kind, [&](auto type) {
+    has[static_cast<int>(kind)] = VisitTableKind(kind, [&](auto type) {
       using Message =
           typename TableTraits<typename decltype(type)::type>::Message;
-      int count = 0;
-      for (const JsonMember& member : root->members) {
-        const auto& descriptor = *Message::descriptor();
-        for (int i = 0; i < descriptor.field_count(); ++i) {
-          if (JsonKeyMatches(member.key, descriptor.field(i)->name())) {
-            ++count;
-            break;
-          }
-        }
+      const auto& descriptor = *Message::descriptor();
+      for (int f = 0; f < descriptor.field_count(); ++f) {
+        if (JsonKeyMatches(key, descriptor.field(f)->name())) return true;
       }
-      return count;
+      return false;
     });
-    if (known > best) {
-      best = known;
-      best_kind = kind;
-    }
   }
-  return best_kind;
+  return has;
 }
 
-}  // namespace
+// What the top-level keys of a JSON file say of its table.
+struct NamedTables {
+  // Tables with a field for every key: no other table takes the file, as
+  // protobuf refuses unknown fields.
+  TableSet possible = kEveryTable;
+  std::optional<TableKind> kind;  // the table that names the most keys
+  bool only = false;              // no other table names any of them
+};
 
-TableGuess GuessTable(std::string_view content, FileFormat format) {
+// Keys every table has (the version) tell nothing of which it is.
+NamedTables NamedByKeys(const JsonValue& root) {
+  NamedTables result;
+  if (root.type() != JsonValue::Type::kObject) {
+    result.possible = {};
+    return result;
+  }
+  std::array<int, kAllTableKinds.size()> named{};
+  for (const JsonMember& member : root.members()) {
+    const TableSet has = TablesNaming(member.key);
+    for (std::size_t i = 0; i < has.size(); ++i) {
+      result.possible[i] = result.possible[i] && has[i];
+    }
+    if (has == kEveryTable) continue;
+    for (std::size_t i = 0; i < has.size(); ++i) named[i] += has[i];
+  }
+  const auto best = std::max_element(named.begin(), named.end());
+  if (*best == 0 || std::count(named.begin(), named.end(), *best) > 1) {
+    return result;
+  }
+  result.kind = kAllTableKinds[best - named.begin()];
+  result.only = std::count(named.begin(), named.end(), 0) ==
+                static_cast<long>(named.size()) - 1;
+  return result;
+}
+
+TableGuess GuessTableUncached(std::string_view content, FileFormat format) {
   TableGuess guess;
   if (LooksLikeTuningBinaryFile(content)) {
     guess.container_dump = true;
@@ -136,34 +156,47 @@ TableGuess GuessTable(std::string_view content, FileFormat format) {
         content.size());
     return guess;
   }
-  std::vector<std::pair<TableKind, Fit>> fits;
-  for (TableKind kind : kAllTableKinds) {
-    const Fit fit = VisitTableKind(kind, [&](auto type) {
-      return FitOf<typename decltype(type)::type>(content, format);
-    });
-    if (fit.parses) fits.emplace_back(kind, fit);
+  // A JSON file's keys rule out the tables that lack them, which protobuf
+  // would only find at the end of a long file; a file they leave to one
+  // table alone is that table's whether or not protobuf takes it.
+  NamedTables named;
+  if (format == FileFormat::kJson) {
+    auto parsed = ParseJsonDocument(content);
+    if (const auto* document = std::get_if<JsonDocument>(&parsed)) {
+      named = NamedByKeys(document->root());
+    }
+    if (named.only &&
+        std::count(named.possible.begin(), named.possible.end(), true) == 1) {
+      guess.kind = named.kind;
+      guess.certain = true;
+      return guess;
+    }
+  }
+  std::vector<Fit> fits =
+      Fits(content, format, /*score=*/false, named.possible);
+  if (fits.empty()) {
+    guess.kind = named.kind;
+    guess.certain = named.only;
+    if (!guess.kind) guess.note = "the file is not a tuning file of any table";
+    return guess;
   }
   std::vector<TableKind> canonical;
-  for (const auto& [kind, fit] : fits) {
-    if (fit.canonical) canonical.push_back(kind);
+  for (const Fit& fit : fits) {
+    if (fit.canonical) canonical.push_back(fit.kind);
+  }
+  if (fits.size() > 1 && canonical.size() != 1) {
+    fits = Fits(content, format, /*score=*/true, named.possible);
   }
   if (canonical.size() == 1) {
     guess.kind = canonical.front();
     guess.certain = true;
     return guess;
   }
-  if (fits.empty()) {
-    if (format == FileFormat::kJson) guess.kind = MostNamedTable(content);
-    if (!guess.kind) {
-      guess.note = "the file is not a tuning file of any table";
-    }
-    return guess;
-  }
-  long best = fits.front().second.Score();
-  for (const auto& [kind, fit] : fits) best = std::min(best, fit.Score());
+  long best = fits.front().Score();
+  for (const Fit& fit : fits) best = std::min(best, fit.Score());
   std::vector<TableKind> best_kinds;
-  for (const auto& [kind, fit] : fits) {
-    if (fit.Score() == best) best_kinds.push_back(kind);
+  for (const Fit& fit : fits) {
+    if (fit.Score() == best) best_kinds.push_back(fit.kind);
   }
   if (best_kinds.size() == 1) {
     guess.kind = best_kinds.front();
@@ -173,6 +206,25 @@ TableGuess GuessTable(std::string_view content, FileFormat format) {
   guess.note = fmt::format("the file fits several tables ({}); give --table",
                            KindList(best_kinds));
   return guess;
+}
+
+}  // namespace
+
+TableGuess GuessTable(std::string_view content, FileFormat format) {
+  // Commands ask about one file more than once (which table it holds, then
+  // whether it fits before each read); the answer for the last content is
+  // kept so that a large file is parsed once.
+  struct Answer {
+    FileFormat format;
+    std::string content;
+    TableGuess guess;
+  };
+  thread_local std::optional<Answer> last;
+  if (!last || last->format != format || last->content != content) {
+    last = Answer{format, std::string(content),
+                  GuessTableUncached(content, format)};
+  }
+  return last->guess;
 }
 
 std::string TableMismatch(std::string_view name, TableKind is,
@@ -220,7 +272,8 @@ std::optional<ToolError> CheckTableFits(const std::string& path,
 }
 
 Result<TableKind> ResolveTable(const std::string& path, FileFormat format,
-                               const std::string& table_option) {
+                               const std::string& table_option,
+                               TableGuess* guess_out) {
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) return content.error();
   if (!table_option.empty()) {
@@ -235,6 +288,7 @@ Result<TableKind> ResolveTable(const std::string& path, FileFormat format,
     return ToolError{fmt::format("{}: the file is empty", path)};
   }
   const TableGuess guess = GuessTable(*content, format);
+  if (guess_out != nullptr) *guess_out = guess;
   if (guess.kind) return *guess.kind;
   // A syntax error reads the same whichever table the file was meant to be.
   if (format == FileFormat::kJson &&

@@ -19,7 +19,9 @@ namespace q3a_tool {
 
 struct TableGuess {
   std::optional<TableKind> kind;  // the table that fits best, if one does
-  bool certain = false;  // `kind` fits and no other table fits as well
+  // `kind` fits and no other table fits as well, or, for a JSON file no
+  // table takes, only `kind` has fields its keys name.
+  bool certain = false;
   bool container_dump = false;  // a tuning binary file, not a tuning file
   std::string note;             // why there is no answer
 };
@@ -46,10 +48,12 @@ std::optional<ToolError> CheckTableFits(const std::string& path,
                                         FileFormat format, TableKind kind);
 
 // The table of the file at `path`: --table if given (checked against the
-// file with CheckTableFits), else the guess. Fails for an unreadable file
-// (exit 2), one that fits no single table, or a contradiction (exit 1).
+// file with CheckTableFits), else the guess, which `guess` receives if
+// given. Fails for an unreadable file (exit 2), one that fits no single
+// table, or a contradiction (exit 1).
 Result<TableKind> ResolveTable(const std::string& path, FileFormat format,
-                               const std::string& table_option);
+                               const std::string& table_option,
+                               TableGuess* guess = nullptr);
 
 }  // namespace q3a_tool
 

@@ -6,6 +6,8 @@
 #include <memory>
 
 #include "tools/q3a_tuning/io/input_file.h"
+#include "tools/q3a_tuning/io/output_file.h"
+#include "tools/q3a_tuning/io/plausibility.h"
 
 namespace q3a_tool {
 namespace {
@@ -58,6 +60,10 @@ TuningBinaryFileInfo InspectTuningBinaryContent(std::string_view content) {
       std::memcpy(&version, content.data() + offset, sizeof(version));
       head.version = version;
     }
+    if (offset + head.size <= content.size()) {
+      head.implausible =
+          FindImplausibleValues(kind, content.substr(offset, head.size));
+    }
     offset += head.size;
   }
   return info;
@@ -72,14 +78,36 @@ Result<TuningBinaryFileInfo> InspectTuningBinaryFile(const std::string& path) {
 bool LooksLikeTuningBinaryFile(std::string_view content) {
   const TuningBinaryFileInfo info = InspectTuningBinaryContent(content);
   if (!info.size_ok) return false;
-  // Every table opens with a version head; real ones are small numbers.
   for (const TableHead& head : info.tables) {
-    if (!head.version || head.version->major == 0 ||
-        head.version->major > 99 || head.version->minor > 99) {
+    if (!head.version ||
+        !PlausibleVersion(head.version->major, head.version->minor)) {
       return false;
     }
   }
   return true;
+}
+
+bool TuningBinaryFileInfo::Plausible() const {
+  for (const TableHead& head : tables) {
+    if (!head.implausible.empty()) return false;
+  }
+  return true;
+}
+
+std::string TuningBinaryFileInfo::ImplausibleText(
+    const std::string& path) const {
+  std::string text = fmt::format(
+      "{}: not a tuning binary file: its tables hold what no table holds",
+      path);
+  for (const TableHead& head : tables) {
+    if (head.implausible.empty()) continue;
+    text += fmt::format("\n  {}: {}", TableName(head.kind),
+                        head.implausible.front());
+    if (head.implausible.size() > 1) {
+      text += fmt::format(" (and {} more)", head.implausible.size() - 1);
+    }
+  }
+  return text;
 }
 
 }  // namespace q3a_tool

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "tools/q3a_tuning/io/output_file.h"
@@ -23,12 +24,20 @@ struct TableHead {
   std::size_t offset;  // in the file
   std::size_t size;
   std::optional<qawb::QAWBParameterVersion> version;  // if the file reaches it
+  // What cannot be real tuning (plausibility.h), when the file holds the
+  // whole table.
+  std::vector<std::string> implausible;
 };
 
 struct TuningBinaryFileInfo {
   std::size_t size = 0;
   bool size_ok = false;
   std::array<TableHead, 4> tables;
+
+  bool Plausible() const;
+  // "FILE: not a tuning binary file: ...", then per implausible table its
+  // first implausible value and how many more there are.
+  std::string ImplausibleText(const std::string& path) const;
 };
 
 // Fails only if the file cannot be read (input_file.h).
@@ -37,7 +46,8 @@ Result<TuningBinaryFileInfo> InspectTuningBinaryFile(const std::string& path);
 TuningBinaryFileInfo InspectTuningBinaryContent(std::string_view content);
 
 // Whether `content` is, by its size and its four version heads, a tuning
-// binary file rather than a tuning file.
+// binary file rather than a tuning file. Plausible versions are enough to
+// tell it from a tuning file; the rest of its values may still be wrong.
 bool LooksLikeTuningBinaryFile(std::string_view content);
 
 // Writes the container's dump of `tuning` (the four tables' bytes, as the

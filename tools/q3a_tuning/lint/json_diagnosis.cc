@@ -19,17 +19,18 @@ using Type = JsonValue::Type;
 
 // protobuf also accepts numbers written as strings, and these words for
 // floats.
-bool IsFloatWord(const std::string& text) {
+bool IsFloatWord(std::string_view text) {
   return text == "NaN" || text == "Infinity" || text == "-Infinity";
 }
 
 std::optional<double> NumberOf(const JsonValue& value) {
-  if (value.type != Type::kNumber && value.type != Type::kString) {
+  if (value.type() != Type::kNumber && value.type() != Type::kString) {
     return std::nullopt;
   }
+  const std::string_view text = value.text();
   double number = 0;
-  const char* end = value.text.data() + value.text.size();
-  const auto [stop, error] = std::from_chars(value.text.data(), end, number);
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
   if (error != std::errc() || stop != end) return std::nullopt;
   return number;
 }
@@ -63,34 +64,34 @@ bool ScalarFits(const JsonValue& value, const FieldDescriptor& field,
     case FieldDescriptor::CPPTYPE_FLOAT:
     case FieldDescriptor::CPPTYPE_DOUBLE:
       if (NumberOf(value) ||
-          (value.type == Type::kString && IsFloatWord(value.text))) {
+          (value.type() == Type::kString && IsFloatWord(value.text()))) {
         return true;
       }
       detail = "expected a number";
       return false;
     case FieldDescriptor::CPPTYPE_BOOL:
-      if (value.type == Type::kBool) return true;
+      if (value.type() == Type::kBool) return true;
       detail = "expected true or false";
       return false;
     case FieldDescriptor::CPPTYPE_ENUM:
-      if (value.type == Type::kNumber) return NumberOf(value).has_value();
-      if (value.type == Type::kString &&
-          field.enum_type()->FindValueByName(value.text) != nullptr) {
+      if (value.type() == Type::kNumber) return NumberOf(value).has_value();
+      if (value.type() == Type::kString &&
+          field.enum_type()->FindValueByName(std::string(value.text())) != nullptr) {
         return true;
       }
-      detail = fmt::format("\"{}\" is not a value of {}{}", value.text,
+      detail = fmt::format("\"{}\" is not a value of {}{}", value.text(),
                            field.enum_type()->name(),
-                           SuggestEnumValue(value.text, *field.enum_type()));
+                           SuggestEnumValue(value.text(), *field.enum_type()));
       return false;
     case FieldDescriptor::CPPTYPE_STRING:
-      if (value.type == Type::kString) return true;
+      if (value.type() == Type::kString) return true;
       detail = "expected a string";
       return false;
     case FieldDescriptor::CPPTYPE_MESSAGE:
       break;
   }
   detail = "expected an object";
-  return value.type == Type::kObject;
+  return value.type() == Type::kObject;
 }
 
 std::optional<JsonLocation> CheckObject(const JsonValue& object,
@@ -101,21 +102,21 @@ std::optional<JsonLocation> CheckElement(const JsonValue& value,
                                          const FieldDescriptor& field,
                                          const std::string& path) {
   if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE &&
-      value.type == Type::kObject) {
+      value.type() == Type::kObject) {
     return CheckObject(value, *field.message_type(), path);
   }
   std::string detail;
   if (ScalarFits(value, field, detail)) return std::nullopt;
-  return JsonLocation{value.position, path, detail};
+  return JsonLocation{value.position(), path, detail};
 }
 
 std::optional<JsonLocation> CheckObject(const JsonValue& object,
                                         const Descriptor& descriptor,
                                         const std::string& path) {
-  if (object.type != Type::kObject) {
-    return JsonLocation{object.position, path, "expected an object"};
+  if (object.type() != Type::kObject) {
+    return JsonLocation{object.position(), path, "expected an object"};
   }
-  for (const JsonMember& member : object.members) {
+  for (const JsonMember& member : object.members()) {
     const FieldDescriptor* field = nullptr;
     for (int i = 0; i < descriptor.field_count() && field == nullptr; ++i) {
       if (JsonKeyMatches(member.key, descriptor.field(i)->name())) {
@@ -123,7 +124,8 @@ std::optional<JsonLocation> CheckObject(const JsonValue& object,
       }
     }
     const std::string member_path =
-        path.empty() ? member.key : fmt::format("{}.{}", path, member.key);
+        path.empty() ? std::string(member.key)
+                     : fmt::format("{}.{}", path, member.key);
     if (field == nullptr) {
       return JsonLocation{
           member.key_position, member_path,
@@ -131,18 +133,19 @@ std::optional<JsonLocation> CheckObject(const JsonValue& object,
                       member.key, SuggestField(member.key, descriptor))};
     }
     const JsonValue& value = member.value;
-    if (value.type == Type::kNull) continue;
+    if (value.type() == Type::kNull) continue;
     if (!field->is_repeated()) {
       if (auto problem = CheckElement(value, *field, member_path)) {
         return problem;
       }
       continue;
     }
-    if (value.type != Type::kArray) {
-      return JsonLocation{value.position, member_path, "expected a list"};
+    if (value.type() != Type::kArray) {
+      return JsonLocation{value.position(), member_path, "expected a list"};
     }
-    for (std::size_t i = 0; i < value.elements.size(); ++i) {
-      if (auto problem = CheckElement(value.elements[i], *field,
+    const auto elements = value.elements();
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+      if (auto problem = CheckElement(elements[i], *field,
                                       fmt::format("{}[{}]", member_path, i))) {
         return problem;
       }
@@ -160,12 +163,24 @@ std::optional<JsonLocation> FindSchemaProblem(const JsonValue& root,
 
 JsonLocation LocateJsonFailure(std::string_view text,
                                const Descriptor& descriptor) {
-  auto parsed = ParseJsonDocument(text);
+  std::vector<JsonLeniency> leniencies;
+  auto parsed = ParseJsonDocument(text, &leniencies);
+  // The library stops at the first form it refuses, before any error the
+  // reader found further on.
+  for (const JsonLeniency& leniency : leniencies) {
+    if (!RefusedByTheLibrary(leniency)) continue;
+    return JsonLocation{leniency.position, "",
+                        leniency.rule == "comment"
+                            ? "a comment: JSON has none, and the library's "
+                              "reader refuses it"
+                            : "a byte-order mark, which the library's reader "
+                              "refuses"};
+  }
   if (const auto* error = std::get_if<JsonSyntaxError>(&parsed)) {
     return JsonLocation{error->position, "", error->reason};
   }
   if (auto problem =
-          FindSchemaProblem(std::get<JsonValue>(parsed), descriptor)) {
+          FindSchemaProblem(std::get<JsonDocument>(parsed).root(), descriptor)) {
     return *problem;
   }
   return JsonLocation{};

@@ -1,10 +1,13 @@
 #include "tools/q3a_tuning/lint/json_document.h"
 
-#include <cctype>
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstddef>
-#include <cstdint>
+#include <cstring>
 #include <utility>
+
+#include "tools/q3a_tuning/lint/json_string.h"
 
 namespace q3a_tool {
 namespace {
@@ -13,55 +16,116 @@ namespace {
 // risking the stack on a hostile file.
 constexpr int kMaxDepth = 64;
 
-class Parser {
- public:
-  Parser(std::string_view text, std::vector<JsonLeniency>* leniencies)
-      : text_(text), leniencies_(leniencies) {}
+// Values are placed in blocks of at least this many.
+constexpr std::size_t kBlockSize = 4096;
 
-  std::variant<JsonValue, JsonSyntaxError> Parse() {
-    JsonValue root;
-    if (leniencies_ != nullptr && text_.starts_with("\xEF\xBB\xBF")) {
-      Note("byte-order-mark");
-      at_ = 3;
-    } else if (text_.starts_with("\xEF\xBB\xBF")) {
-      Fail("the file starts with a byte-order mark, which the library's "
-           "reader refuses");
-      return error_;
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+// protobuf's unquoted keys: a letter, '_' or '$', then also digits.
+bool IsKeyStart(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
+         c == '$';
+}
+bool IsKeyChar(char c) { return IsKeyStart(c) || IsDigit(c); }
+
+bool IsNumberChar(char c) {
+  return IsDigit(c) || c == '.' || c == 'e' || c == 'E' || c == '+' ||
+         c == '-';
+}
+
+// Hands out contiguous runs of T from a few large blocks.
+template <typename T>
+class BlockArena {
+ public:
+  explicit BlockArena(std::vector<std::unique_ptr<T[]>>& blocks)
+      : blocks_(blocks) {}
+
+  T* Place(const T* first, std::size_t count) {
+    if (count > free_) {
+      const std::size_t size = std::max(count, kBlockSize);
+      blocks_.push_back(std::make_unique_for_overwrite<T[]>(size));
+      next_ = blocks_.back().get();
+      free_ = size;
     }
-    SkipWhitespace();
-    if (!ParseValue(root, 0)) return error_;
-    SkipWhitespace();
-    if (at_ < text_.size()) {
-      Fail("unexpected text after the end of the document");
-      return error_;
-    }
-    return root;
+    T* placed = next_;
+    std::copy(first, first + count, placed);
+    next_ += count;
+    free_ -= count;
+    return placed;
   }
 
  private:
+  std::vector<std::unique_ptr<T[]>>& blocks_;
+  T* next_ = nullptr;
+  std::size_t free_ = 0;
+};
+
+}  // namespace
+
+class JsonDocumentParser {
+ public:
+  JsonDocumentParser(std::string_view text, std::vector<JsonLeniency>* notes)
+      : notes_(notes), values_(document_.value_blocks_),
+        members_(document_.member_blocks_) {
+    document_.text_ = std::make_unique<char[]>(text.size() + 1);
+    std::memcpy(document_.text_.get(), text.data(), text.size());
+    begin_ = at_ = line_start_ = document_.text_.get();
+    end_ = begin_ + text.size();
+    // Room for every value ("1,") and member ("a:1,") the text can hold,
+    // so the stacks never move; only the part in use is ever touched.
+    value_stack_.reserve(text.size() / 2 + 1);
+    member_stack_.reserve(text.size() / 4 + 1);
+  }
+
+  std::variant<JsonDocument, JsonSyntaxError> Parse() && {
+    if (std::string_view(begin_, end_ - begin_).starts_with("\xEF\xBB\xBF")) {
+      Note("byte-order-mark", Here(), "");
+      at_ += 3;
+    }
+    SkipWhitespace();
+    if (!ParseValue(document_.root_, 0)) return std::move(error_);
+    SkipWhitespace();
+    if (at_ < end_) {
+      Fail("unexpected text after the end of the document");
+      return std::move(error_);
+    }
+    return std::move(document_);
+  }
+
+ private:
+  // One step of the path to the value being read, for leniencies.
+  struct Step {
+    bool in_array = false;
+    std::string_view key;
+    std::size_t index = 0;
+  };
+
   bool ParseValue(JsonValue& value, int depth) {
-    value.position = Here();
-    if (at_ >= text_.size()) return Fail("unexpected end of file");
+    SetPosition(value);
+    if (at_ >= end_) return Fail("unexpected end of file");
     if (depth > kMaxDepth) return Fail("nesting too deep");
-    const char c = text_[at_];
+    const char c = *at_;
     if (c == '{') return ParseObject(value, depth);
     if (c == '[') return ParseArray(value, depth);
-    if (c == '"' || (c == '\'' && leniencies_ != nullptr)) {
-      if (c == '\'') Note("single-quote");
-      value.type = JsonValue::Type::kString;
-      return ParseString(value.text);
+    if (c == '"' || c == '\'') {
+      const TextPosition start = Here();
+      value.type_ = JsonValue::Type::kString;
+      std::string_view text;
+      if (!ParseString(text)) return false;
+      if (c == '\'') Note("single-quote", start, Path());
+      NoteEscapes();
+      SetText(value, text);
+      return true;
     }
-    if (c == '-' || std::isdigit(static_cast<unsigned char>(c))) {
-      return ParseNumber(value);
-    }
+    if (c == '-' || IsDigit(c)) return ParseNumber(value);
     for (auto [word, type] : {std::pair<std::string_view, JsonValue::Type>{
                                   "true", JsonValue::Type::kBool},
                               {"false", JsonValue::Type::kBool},
                               {"null", JsonValue::Type::kNull}}) {
-      if (text_.substr(at_, word.size()) == word) {
-        value.type = type;
-        value.text = word;
-        Advance(word.size());
+      if (Rest().starts_with(word)) {
+        value.type_ = type;
+        SetText(value, std::string_view(at_, word.size()));
+        at_ += word.size();
         return true;
       }
     }
@@ -69,13 +133,15 @@ class Parser {
   }
 
   bool ParseObject(JsonValue& value, int depth) {
-    value.type = JsonValue::Type::kObject;
-    Advance(1);
+    value.type_ = JsonValue::Type::kObject;
+    ++at_;
     SkipWhitespace();
     if (Peek() == '}') {
-      Advance(1);
+      ++at_;
       return true;
     }
+    const std::size_t first = member_stack_.size();
+    path_.push_back({});
     while (true) {
       SkipWhitespace();
       JsonMember member;
@@ -83,231 +149,289 @@ class Parser {
       if (!ParseKey(member.key)) return false;
       SkipWhitespace();
       if (Peek() != ':') return Fail("expected ':' after the field name");
-      Advance(1);
+      ++at_;
       SkipWhitespace();
       if (!ParseValue(member.value, depth + 1)) return false;
-      value.members.push_back(std::move(member));
-      SkipWhitespace();
-      if (Peek() == ',') {
-        if (TrailingComma('}')) return true;
-        continue;
-      }
-      if (Peek() == '}') {
-        Advance(1);
-        return true;
-      }
-      return Fail("expected ',' or '}'");
+      member_stack_.push_back(member);
+      bool closed = false;
+      if (!AfterItem('}', closed)) return false;
+      if (closed) break;
     }
+    path_.pop_back();
+    const std::size_t count = member_stack_.size() - first;
+    value.members_ = members_.Place(member_stack_.data() + first, count);
+    value.size_ = static_cast<std::uint32_t>(count);
+    member_stack_.resize(first);
+    return true;
   }
 
   bool ParseArray(JsonValue& value, int depth) {
-    value.type = JsonValue::Type::kArray;
-    Advance(1);
+    value.type_ = JsonValue::Type::kArray;
+    ++at_;
     SkipWhitespace();
     if (Peek() == ']') {
-      Advance(1);
+      ++at_;
       return true;
     }
+    const std::size_t first = value_stack_.size();
+    path_.push_back({true, {}, 0});
     while (true) {
       SkipWhitespace();
-      value.elements.emplace_back();
-      if (!ParseValue(value.elements.back(), depth + 1)) return false;
-      SkipWhitespace();
-      if (Peek() == ',') {
-        if (TrailingComma(']')) return true;
-        continue;
-      }
-      if (Peek() == ']') {
-        Advance(1);
-        return true;
-      }
-      return Fail("expected ',' or ']'");
+      path_.back().index = value_stack_.size() - first;
+      JsonValue element;
+      if (!ParseValue(element, depth + 1)) return false;
+      value_stack_.push_back(element);
+      bool closed = false;
+      if (!AfterItem(']', closed)) return false;
+      if (closed) break;
     }
-  }
-
-  bool ParseKey(std::string& key) {
-    const char c = Peek();
-    if (c == '"' || (c == '\'' && leniencies_ != nullptr)) {
-      if (c == '\'') Note("single-quote");
-      return ParseString(key);
-    }
-    if (leniencies_ == nullptr || !IsKeyChar(c)) {
-      return Fail("expected a field name in quotes");
-    }
-    Note("unquoted-key");
-    while (IsKeyChar(Peek())) {
-      key += Peek();
-      Advance(1);
-    }
+    path_.pop_back();
+    const std::size_t count = value_stack_.size() - first;
+    value.elements_ = values_.Place(value_stack_.data() + first, count);
+    value.size_ = static_cast<std::uint32_t>(count);
+    value_stack_.resize(first);
     return true;
   }
 
-  static bool IsKeyChar(char c) {
-    return std::isalnum(static_cast<unsigned char>(c)) || c == '_';
+  bool ParseKey(std::string_view& key) {
+    const TextPosition start = Here();
+    const char c = Peek();
+    if (c == '"' || c == '\'') {
+      if (!ParseString(key)) return false;
+      path_.back().key = key;
+      if (c == '\'') Note("single-quote", start, Path());
+      NoteEscapes();
+      return true;
+    }
+    if (!IsKeyStart(c)) return Fail("expected a field name in quotes");
+    const char* first = at_;
+    while (at_ < end_ && IsKeyChar(*at_)) ++at_;
+    key = std::string_view(first, at_ - first);
+    path_.back().key = key;
+    Note("unquoted-key", start, Path());
+    return true;
+  }
+
+  // After a member or element: steps over the ',' or the `close` that must
+  // follow; `closed` tells which (a trailing comma before `close` counts as
+  // closed).
+  bool AfterItem(char close, bool& closed) {
+    SkipWhitespace();
+    if (Peek() == ',') {
+      closed = TrailingComma(close);
+      return true;
+    }
+    if (Peek() != close) {
+      return Fail(std::string("expected ',' or '") + close + "'");
+    }
+    ++at_;
+    closed = true;
+    return true;
   }
 
   // Steps over the ',' at the cursor. True if `close` follows it (a
-  // trailing comma, read past in tolerant mode), which is then consumed.
+  // trailing comma), which is then consumed.
   bool TrailingComma(char close) {
     const TextPosition comma = Here();
-    Advance(1);
+    ++at_;
     SkipWhitespace();
-    if (leniencies_ == nullptr || Peek() != close) return false;
-    leniencies_->push_back({comma, "trailing-comma"});
-    Advance(1);
+    if (Peek() != close) return false;
+    Note("trailing-comma", comma, Path());
+    ++at_;
     return true;
   }
 
-  void Note(const char* rule) {
-    if (leniencies_ != nullptr) leniencies_->push_back({Here(), rule});
+  // The string whose quote is at the cursor, decoded as protobuf decodes it.
+  bool ParseString(std::string_view& out) {
+    const char quote = *at_++;
+    const char* first = at_;
+    while (at_ < end_ && *at_ != quote) {
+      if (*at_ == '\\' && at_ + 1 < end_) ++at_;
+      if (*at_ == '\n') NewLine(at_);
+      ++at_;
+    }
+    if (at_ >= end_) return Fail("unterminated string");
+    const std::string_view raw(first, at_ - first);
+    ++at_;
+    if (IsPlainJsonString(raw)) {
+      out = raw;
+      return true;
+    }
+    DecodedJsonString decoded = DecodeJsonString(raw);
+    if (decoded.error) {
+      at_ = first + decoded.error->offset;
+      return Fail(decoded.error->reason);
+    }
+    for (std::size_t offset : decoded.lenient_escapes) {
+      escapes_.push_back(PositionOf(first + offset));
+    }
+    out = document_.decoded_.emplace_back(std::move(decoded.text));
+    return true;
   }
 
-  // Escapes are checked for form; \u sequences are kept as written, which is
-  // enough for locating values.
-  bool ParseString(std::string& out) {
-    const char quote = Peek();
-    Advance(1);
-    while (at_ < text_.size()) {
-      const char c = text_[at_];
-      if (c == quote) {
-        Advance(1);
-        return true;
-      }
-      if (static_cast<unsigned char>(c) < 0x20) {
-        return Fail("control character in a string");
-      }
-      if (c == '\\') {
-        if (at_ + 1 >= text_.size()) break;
-        const char escape = text_[at_ + 1];
-        static constexpr std::string_view kSimple = "\"\\/bfnrt'";
-        static constexpr std::string_view kDecoded = "\"\\/\b\f\n\r\t'";
-        const std::size_t simple = kSimple.find(escape);
-        if (simple != std::string_view::npos) {
-          out += kDecoded[simple];
-          Advance(2);
-          continue;
-        }
-        if (escape != 'u') return Fail("invalid escape in a string");
-        for (std::size_t i = 2; i < 6; ++i) {
-          if (at_ + i >= text_.size() ||
-              !std::isxdigit(static_cast<unsigned char>(text_[at_ + i]))) {
-            return Fail("invalid \\u escape in a string");
-          }
-        }
-        out += text_.substr(at_, 6);
-        Advance(6);
-        continue;
-      }
-      out += c;
-      Advance(1);
+  // The escapes JSON lacks in the string just read, noted once the path
+  // names the string's member.
+  void NoteEscapes() {
+    for (const TextPosition& escape : escapes_) {
+      Note("invalid-escape", escape, Path());
     }
-    return Fail("unterminated string");
+    escapes_.clear();
   }
 
   bool ParseNumber(JsonValue& value) {
-    value.type = JsonValue::Type::kNumber;
-    const std::size_t start = at_;
-    if (Peek() == '-') Advance(1);
-    if (!std::isdigit(static_cast<unsigned char>(Peek()))) {
-      return Fail("expected a digit");
+    value.type_ = JsonValue::Type::kNumber;
+    const char* first = at_;
+    if (Peek() == '-') ++at_;
+    if (!IsDigit(Peek())) return Fail("expected a digit");
+    bool plain = true;  // digits only: from_chars cannot fail on them
+    while (at_ < end_ && IsNumberChar(*at_)) {
+      plain = plain && IsDigit(*at_);
+      ++at_;
     }
-    while (IsNumberChar(Peek())) Advance(1);
-    value.text = std::string(text_.substr(start, at_ - start));
+    SetText(value, std::string_view(first, at_ - first));
+    if (plain) return true;
     double parsed = 0;
-    const auto [end, error] = std::from_chars(
-        value.text.data(), value.text.data() + value.text.size(), parsed);
+    const auto [end, error] = std::from_chars(first, at_, parsed);
     if ((error != std::errc() && error != std::errc::result_out_of_range) ||
-        end != value.text.data() + value.text.size()) {
-      error_ = {value.position, "malformed number"};
+        end != at_) {
+      error_ = {value.position(), "malformed number"};
       return false;
     }
     return true;
   }
 
-  static bool IsNumberChar(char c) {
-    return std::isdigit(static_cast<unsigned char>(c)) || c == '.' ||
-           c == 'e' || c == 'E' || c == '+' || c == '-';
-  }
-
+  // protobuf's whitespace is C's: form feeds and vertical tabs too.
   void SkipWhitespace() {
-    while (at_ < text_.size()) {
-      const char c = text_[at_];
-      if (c == ' ' || c == '\t' || c == '\n' || c == '\r') {
-        Advance(1);
-      } else if (leniencies_ != nullptr && c == '/' &&
-                 (Peek(1) == '/' || Peek(1) == '*')) {
-        Note("comment");
-        const bool line = Peek(1) == '/';
-        Advance(2);
-        while (at_ < text_.size() &&
-               !(line ? text_[at_] == '\n'
-                      : text_[at_] == '*' && Peek(1) == '/')) {
-          Advance(1);
-        }
-        if (!line) Advance(2);
+    while (at_ < end_) {
+      const char c = *at_;
+      if (c == ' ' || c == '\t' || c == '\r') {
+        ++at_;
+      } else if (c == '\n') {
+        NewLine(at_++);
+      } else if (c == '\f' || c == '\v') {
+        Note("whitespace", Here(), Path());
+        ++at_;
+      } else if (c == '/' && (Peek(1) == '/' || Peek(1) == '*')) {
+        SkipComment();
       } else {
         break;
       }
     }
   }
 
-  char Peek(std::size_t ahead = 0) const {
-    return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0';
+  void SkipComment() {
+    Note("comment", Here(), Path());
+    const bool line = Peek(1) == '/';
+    at_ += 2;
+    while (at_ < end_ && !(line ? *at_ == '\n' : *at_ == '*' && Peek(1) == '/')) {
+      if (*at_ == '\n') NewLine(at_);
+      ++at_;
+    }
+    if (!line) at_ = std::min(at_ + 2, end_);
   }
 
-  void Advance(std::size_t n) {
-    for (std::size_t i = 0; i < n && at_ < text_.size(); ++i, ++at_) {
-      if (text_[at_] == '\n') {
-        ++line_;
-        column_ = 1;
-      } else {
-        ++column_;
+  void Note(const char* rule, TextPosition position, std::string path) {
+    if (notes_ != nullptr) notes_->push_back({position, rule, std::move(path)});
+  }
+
+  // "a.b[2]", keys as written; only built when a leniency is noted.
+  std::string Path() const {
+    if (notes_ == nullptr) return "";
+    std::string path;
+    for (const Step& step : path_) {
+      if (step.in_array) {
+        path += '[' + std::to_string(step.index) + ']';
+      } else if (!step.key.empty()) {
+        if (!path.empty()) path += '.';
+        path += step.key;
       }
     }
+    return path;
   }
 
-  TextPosition Here() const { return {line_, column_}; }
+  char Peek(std::size_t ahead = 0) const {
+    return at_ + ahead < end_ ? at_[ahead] : '\0';
+  }
+  std::string_view Rest() const { return std::string_view(at_, end_ - at_); }
 
+  void NewLine(const char* newline) {
+    ++line_;
+    line_start_ = newline + 1;
+  }
+
+  TextPosition Here() const { return PositionOf(at_); }
+
+  // `at` lies on the current line.
+  TextPosition PositionOf(const char* at) const {
+    return {line_, static_cast<int>(at - line_start_) + 1};
+  }
+
+  void SetPosition(JsonValue& value) const {
+    value.line_ = static_cast<std::uint32_t>(line_);
+    value.column_ = static_cast<std::uint32_t>(at_ - line_start_ + 1);
+  }
+
+  static void SetText(JsonValue& value, std::string_view text) {
+    value.chars_ = text.data();
+    value.size_ = static_cast<std::uint32_t>(text.size());
+  }
+
+  // Failures end the parse, so their place is counted from the start: the
+  // cursor may have moved back into a string that spans lines.
   bool Fail(std::string reason) {
-    if (Peek() == '/' && (Peek(1) == '/' || Peek(1) == '*')) {
-      reason = "a comment: JSON has none, and the library's reader refuses it";
+    int line = 1;
+    const char* line_start = begin_;
+    for (const char* c = begin_; c < at_; ++c) {
+      if (*c == '\n') {
+        ++line;
+        line_start = c + 1;
+      }
     }
-    error_ = {Here(), std::move(reason)};
+    error_ = {{line, static_cast<int>(at_ - line_start) + 1},
+              std::move(reason)};
     return false;
   }
 
-  std::string_view text_;
-  std::vector<JsonLeniency>* leniencies_;
-  std::size_t at_ = 0;
+  JsonDocument document_;
+  std::vector<JsonLeniency>* notes_;
+  BlockArena<JsonValue> values_;
+  BlockArena<JsonMember> members_;
+  std::vector<JsonValue> value_stack_;
+  std::vector<JsonMember> member_stack_;
+  std::vector<Step> path_;
+  std::vector<TextPosition> escapes_;
+  const char* begin_;
+  const char* end_;
+  const char* at_;
   int line_ = 1;
-  int column_ = 1;
+  const char* line_start_;
   JsonSyntaxError error_;
 };
 
-}  // namespace
-
-bool JsonKeyMatches(std::string_view key, std::string_view field_name) {
-  // protobuf accepts both the schema's snake_case name and its lowerCamelCase
-  // JSON name; both reduce to the same letters without underscores.
-  auto next = [](std::string_view& s) {
-    while (!s.empty() && s.front() == '_') s.remove_prefix(1);
-    if (s.empty()) return '\0';
-    const char c =
-        static_cast<char>(std::tolower(static_cast<unsigned char>(s.front())));
-    s.remove_prefix(1);
-    return c;
-  };
-  while (true) {
-    const char a = next(key);
-    const char b = next(field_name);
-    if (a != b) return false;
-    if (a == '\0') return true;
-  }
+bool RefusedByTheLibrary(const JsonLeniency& leniency) {
+  return leniency.rule == "comment" || leniency.rule == "byte-order-mark";
 }
 
-std::variant<JsonValue, JsonSyntaxError> ParseJsonDocument(
+bool JsonKeyMatches(std::string_view key, std::string_view field_name) {
+  if (key == field_name) return true;
+  // The JSON name: each '_' dropped and the letter after it capitalised.
+  std::size_t at = 0;
+  bool capitalize = false;
+  for (char c : field_name) {
+    if (c == '_') {
+      capitalize = true;
+      continue;
+    }
+    if (capitalize && c >= 'a' && c <= 'z') c = static_cast<char>(c - 32);
+    capitalize = false;
+    if (at >= key.size() || key[at++] != c) return false;
+  }
+  return at == key.size();
+}
+
+std::variant<JsonDocument, JsonSyntaxError> ParseJsonDocument(
     std::string_view text, std::vector<JsonLeniency>* leniencies) {
-  return Parser(text, leniencies).Parse();
+  return JsonDocumentParser(text, leniencies).Parse();
 }
 
 const JsonValue* FindJsonPath(const JsonValue& root, std::string_view path) {
@@ -321,18 +445,18 @@ const JsonValue* FindJsonPath(const JsonValue& root, std::string_view path) {
       const auto [end, error] =
           std::from_chars(path.data() + 1, path.data() + close, index);
       if (error != std::errc() || end != path.data() + close) return nullptr;
-      if (at->type != JsonValue::Type::kArray || index >= at->elements.size()) {
+      const auto elements = at->elements();
+      if (at->type() != JsonValue::Type::kArray || index >= elements.size()) {
         return nullptr;
       }
-      at = &at->elements[index];
+      at = &elements[index];
       path.remove_prefix(close + 1);
       continue;
     }
     const std::size_t stop = path.find_first_of(".[");
     const std::string_view key = path.substr(0, stop);
-    if (at->type != JsonValue::Type::kObject) return nullptr;
     const JsonValue* next = nullptr;
-    for (const JsonMember& member : at->members) {
+    for (const JsonMember& member : at->members()) {
       if (JsonKeyMatches(member.key, key)) next = &member.value;
     }
     if (next == nullptr) return nullptr;

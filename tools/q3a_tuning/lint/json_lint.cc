@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -16,121 +18,177 @@ std::string_view LeniencyText(std::string_view rule) {
   if (rule == "trailing-comma") return "a comma before the closing bracket";
   if (rule == "single-quote") return "a string in single quotes";
   if (rule == "unquoted-key") return "a field name without quotes";
+  if (rule == "invalid-escape") {
+    return "a backslash before a character JSON does not escape (the "
+           "library's reader keeps the character)";
+  }
+  if (rule == "whitespace") return "a form feed or vertical tab as space";
   if (rule == "comment") return "a comment";
   return "a byte-order mark";
 }
 
-std::string Join(const std::string& path, std::string_view name) {
-  return path.empty() ? std::string(name) : fmt::format("{}.{}", path, name);
+const FieldDescriptor* FieldOfKey(const Descriptor& descriptor,
+                                  std::string_view key) {
+  for (int i = 0; i < descriptor.field_count(); ++i) {
+    if (JsonKeyMatches(key, descriptor.field(i)->name())) {
+      return descriptor.field(i);
+    }
+  }
+  return nullptr;
 }
 
-std::string Where(const std::string& path) {
-  return path.empty() ? "the table" : path;
+// A leniency's path, keys as written, with the schema's field names.
+std::string SchemaPath(std::string_view written, const Descriptor& table) {
+  std::string path;
+  const Descriptor* at = &table;
+  while (!written.empty()) {
+    if (written.front() == '[') {
+      const std::size_t close = written.find(']');
+      path += written.substr(0, close + 1);
+      written.remove_prefix(close == std::string_view::npos ? written.size()
+                                                            : close + 1);
+      continue;
+    }
+    if (written.front() == '.') written.remove_prefix(1);
+    const std::size_t stop = written.find_first_of(".[");
+    const std::string_view key = written.substr(0, stop);
+    const FieldDescriptor* field = at ? FieldOfKey(*at, key) : nullptr;
+    if (!path.empty()) path += '.';
+    path += field != nullptr ? std::string_view(field->name()) : key;
+    at = field != nullptr ? field->message_type() : nullptr;
+    written.remove_prefix(stop == std::string_view::npos ? written.size()
+                                                         : stop);
+  }
+  return path;
 }
 
 class DocumentLinter {
  public:
   std::vector<Finding> Run(const JsonValue& root, const Descriptor& table) {
-    if (root.type == Type::kObject && root.members.empty()) {
-      Add(root.position, "", "empty-object",
+    if (root.type() == Type::kObject && root.members().empty()) {
+      Add(root.position(), "empty-object",
           "the file is an empty object: every field of the table loads as 0 "
           "(and lists keep what the table held, zero for an override)");
       return std::move(findings_);
     }
-    if (FieldValue(root, "version") == nullptr) {
-      Add(root.position, "version", "missing-version",
+    if (FindJsonPath(root, "version") == nullptr) {
+      path_ = "version";
+      Add(root.position(), "missing-version",
           "the file has no version: the table reads version 0.0");
+      path_.clear();
     }
-    VisitObject(root, table, "");
+    if (root.type() == Type::kObject) {
+      const JsonValue* const object[] = {&root};
+      VisitObject(object, table);
+    }
     return std::move(findings_);
   }
 
  private:
-  void Add(TextPosition position, std::string path, const char* rule,
-           std::string message) {
-    findings_.push_back(
-        {std::move(path), std::move(message), rule, position});
+  void Add(TextPosition position, const char* rule, std::string message) {
+    findings_.push_back({path_, std::move(message), rule, position});
   }
 
-  static const JsonValue* FieldValue(const JsonValue& object,
-                                     std::string_view field) {
-    const JsonValue* found = nullptr;
-    for (const JsonMember& member : object.members) {
-      if (JsonKeyMatches(member.key, field)) found = &member.value;
+  // Appends a step to the path for the life of the object.
+  class Step {
+   public:
+    Step(std::string& path, std::string_view name) : path_(path) {
+      size_ = path.size();
+      if (!path.empty()) path += '.';
+      path += name;
     }
-    return found;
-  }
+    Step(std::string& path, std::size_t index) : path_(path) {
+      size_ = path.size();
+      fmt::format_to(std::back_inserter(path), "[{}]", index);
+    }
+    ~Step() { path_.resize(size_); }
 
-  void VisitObject(const JsonValue& object, const Descriptor& descriptor,
-                   const std::string& path) {
-    if (object.type != Type::kObject) return;
-    std::vector<std::string> missing;
+   private:
+    std::string& path_;
+    std::size_t size_;
+  };
+
+  // `objects` are the values of one field given more than once, which the
+  // reader merges: a field is missing only if none of them has it.
+  void VisitObject(std::span<const JsonValue* const> objects,
+                   const Descriptor& descriptor) {
+    const auto matching = [&](const FieldDescriptor& field, auto&& visit) {
+      for (const JsonValue* object : objects) {
+        for (const JsonMember& member : object->members()) {
+          if (JsonKeyMatches(member.key, field.name())) visit(member);
+        }
+      }
+    };
+    std::vector<std::string_view> missing;
     for (int i = 0; i < descriptor.field_count(); ++i) {
       const FieldDescriptor& field = *descriptor.field(i);
-      std::vector<const JsonMember*> given;
-      for (const JsonMember& member : object.members) {
-        if (JsonKeyMatches(member.key, field.name())) given.push_back(&member);
-      }
-      const std::string field_path = Join(path, field.name());
-      if (given.empty()) {
+      int given = 0;
+      const JsonMember* second = nullptr;
+      const JsonValue* last_value = nullptr;  // null values set nothing
+      matching(field, [&](const JsonMember& member) {
+        if (++given == 2) second = &member;
+        if (member.value.type() != Type::kNull) last_value = &member.value;
+      });
+      if (given == 0) {
         // The table's version has a rule of its own.
-        if (!(path.empty() && field.name() == "version")) {
+        if (!(path_.empty() && field.name() == "version")) {
           missing.push_back(field.name());
         }
         continue;
       }
-      if (given.size() > 1) Duplicated(field, given, field_path);
-      for (const JsonMember* member : given) {
-        VisitValue(member->value, field, field_path);
+      const Step step(path_, field.name());
+      if (given > 1) Duplicated(field, given, *second, last_value);
+      if (field.is_repeated() ||
+          field.cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
+        matching(field, [&](const JsonMember& member) {
+          VisitValue(member.value, field);
+        });
+        continue;
       }
+      std::vector<const JsonValue*> merged;
+      matching(field, [&](const JsonMember& member) {
+        if (member.value.type() == Type::kObject) {
+          merged.push_back(&member.value);
+        } else {
+          VisitValue(member.value, field);
+        }
+      });
+      if (!merged.empty()) VisitObject(merged, *field.message_type());
     }
-    if (!missing.empty() && missing.size() < static_cast<std::size_t>(
-                                                 descriptor.field_count())) {
-      ReportMissing(object, missing, path);
-    } else if (!missing.empty() && !path.empty()) {
-      Add(object.position, path, "missing-fields",
+    if (missing.empty()) return;
+    const TextPosition at = objects.front()->position();
+    if (missing.size() < static_cast<std::size_t>(descriptor.field_count())) {
+      Add(at, "missing-fields", MissingFieldsText(missing, path_));
+    } else if (!path_.empty()) {
+      Add(at, "missing-fields",
           fmt::format("{} is an empty object: all its {} fields load as 0",
-                      path, missing.size()));
+                      path_, missing.size()));
     }
   }
 
-  void ReportMissing(const JsonValue& object,
-                     const std::vector<std::string>& missing,
-                     const std::string& path) {
-    constexpr std::size_t kNamed = 3;
-    std::vector<std::string> named(
-        missing.begin(), missing.begin() + std::min(kNamed, missing.size()));
-    Add(object.position, path, "missing-fields",
-        fmt::format("{} field{} missing from {} ({}{}); {} as 0",
-                    missing.size(), missing.size() == 1 ? "" : "s",
-                    Where(path), fmt::join(named, ", "),
-                    missing.size() > kNamed ? ", ..." : "",
-                    missing.size() == 1 ? "it loads" : "they load"));
-  }
-
-  void Duplicated(const FieldDescriptor& field,
-                  const std::vector<const JsonMember*>& given,
-                  const std::string& path) {
-    const JsonMember& second = *given[1];
+  void Duplicated(const FieldDescriptor& field, int given,
+                  const JsonMember& second, const JsonValue* last_value) {
     std::string effect;
     if (field.is_repeated()) {
       effect = "the reader joins the lists one after the other";
     } else if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
       effect = "the reader merges the objects, later fields winning";
+    } else if (last_value == nullptr) {
+      effect = "every one is null: the field loads as 0";
     } else {
-      const TextPosition last = given.back()->value.position;
-      effect = fmt::format("the last value (line {}, column {}) wins",
+      const TextPosition last = last_value->position();
+      effect = fmt::format("the last value that is not null (line {}, "
+                           "column {}) wins",
                            last.line, last.column);
     }
-    Add(second.key_position, path, "duplicate-key",
-        fmt::format("\"{}\" is given {} times: {}", field.name(), given.size(),
+    Add(second.key_position, "duplicate-key",
+        fmt::format("\"{}\" is given {} times: {}", field.name(), given,
                     effect));
   }
 
-  void VisitValue(const JsonValue& value, const FieldDescriptor& field,
-                  const std::string& path) {
-    if (value.type == Type::kNull) {
-      Add(value.position, path, "null",
+  void VisitValue(const JsonValue& value, const FieldDescriptor& field) {
+    if (value.type() == Type::kNull) {
+      Add(value.position(), "null",
           field.is_repeated()
               ? "null: the list is empty, so its entries keep what the table "
                 "held (zero for an override)"
@@ -139,33 +197,40 @@ class DocumentLinter {
                     : "null: the field loads as 0");
       return;
     }
-    if (field.is_repeated() && value.type == Type::kArray) {
-      for (std::size_t i = 0; i < value.elements.size(); ++i) {
-        VisitElement(value.elements[i], field, fmt::format("{}[{}]", path, i));
+    if (field.is_repeated() && value.type() == Type::kArray) {
+      const auto elements = value.elements();
+      for (std::size_t i = 0; i < elements.size(); ++i) {
+        VisitElement(elements[i], field, i);
       }
       return;
     }
-    VisitElement(value, field, path);
+    VisitElement(value, field, std::nullopt);
   }
 
   void VisitElement(const JsonValue& value, const FieldDescriptor& field,
-                    const std::string& path) {
+                    std::optional<std::size_t> index) {
     if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
-      VisitObject(value, *field.message_type(), path);
-      return;
+      if (value.type() != Type::kObject) return;
+      const JsonValue* const object[] = {&value};
+      if (!index) return VisitObject(object, *field.message_type());
+      const Step step(path_, *index);
+      return VisitObject(object, *field.message_type());
     }
     const bool is_float = field.cpp_type() == FieldDescriptor::CPPTYPE_FLOAT ||
                           field.cpp_type() == FieldDescriptor::CPPTYPE_DOUBLE;
-    if (is_float && value.type == Type::kString &&
-        (value.text == "NaN" || value.text == "Infinity" ||
-         value.text == "-Infinity")) {
-      Add(value.position, path, "not-a-number",
+    const std::string_view text = value.text();
+    if (is_float && value.type() == Type::kString &&
+        (text == "NaN" || text == "Infinity" || text == "-Infinity")) {
+      std::optional<Step> step;
+      if (index) step.emplace(path_, *index);
+      Add(value.position(), "not-a-number",
           fmt::format("\"{}\" is read as a float the algorithm cannot "
                       "compute with",
-                      value.text));
+                      text));
     }
   }
 
+  std::string path_;
   std::vector<Finding> findings_;
 };
 
@@ -177,7 +242,7 @@ std::vector<Finding> LintJsonDocument(
   std::vector<Finding> findings;
   for (const JsonLeniency& leniency : leniencies) {
     findings.push_back(
-        {"",
+        {SchemaPath(leniency.path, table),
          fmt::format("{}: the library's reader takes it, but other JSON tools "
                      "refuse the file",
                      LeniencyText(leniency.rule)),

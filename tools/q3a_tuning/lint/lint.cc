@@ -254,6 +254,65 @@ std::vector<Finding> LintTableMessage(const Message& table) {
   return Linter().Run(table);
 }
 
+namespace {
+
+void FindAbsentFields(const Message& message, const std::string& path,
+                      std::vector<Finding>& findings) {
+  const Descriptor& descriptor = *message.GetDescriptor();
+  const Reflection& reflection = *message.GetReflection();
+  std::vector<std::string_view> absent;
+  for (int i = 0; i < descriptor.field_count(); ++i) {
+    const FieldDescriptor& field = *descriptor.field(i);
+    const bool is_message =
+        field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE;
+    const std::string field_path = Join(path, field.name());
+    if (field.is_repeated()) {
+      const int size = reflection.FieldSize(message, &field);
+      if (size == 0) absent.push_back(field.name());
+      for (int e = 0; is_message && e < size; ++e) {
+        FindAbsentFields(reflection.GetRepeatedMessage(message, &field, e),
+                         fmt::format("{}[{}]", field_path, e), findings);
+      }
+    } else if (is_message && !reflection.HasField(message, &field)) {
+      if (path.empty() && field.name() == "version") {
+        findings.push_back({"version",
+                            "the file has no version: the table reads "
+                            "version 0.0",
+                            "missing-version"});
+      } else {
+        absent.push_back(field.name());
+      }
+    } else if (is_message) {
+      FindAbsentFields(reflection.GetMessage(message, &field), field_path,
+                       findings);
+    }
+  }
+  if (!absent.empty()) {
+    findings.push_back(
+        {path, MissingFieldsText(absent, path), "missing-fields"});
+  }
+}
+
+}  // namespace
+
+std::vector<Finding> LintAbsentFields(const Message& table) {
+  std::vector<Finding> findings;
+  FindAbsentFields(table, "", findings);
+  return findings;
+}
+
+std::string MissingFieldsText(const std::vector<std::string_view>& missing,
+                              std::string_view path) {
+  constexpr std::size_t kNamed = 3;
+  const std::vector<std::string_view> named(
+      missing.begin(), missing.begin() + std::min(kNamed, missing.size()));
+  return fmt::format("{} field{} missing from {} ({}{}); {} as 0",
+                     missing.size(), missing.size() == 1 ? "" : "s",
+                     path.empty() ? "the table" : path, fmt::join(named, ", "),
+                     missing.size() > kNamed ? ", ..." : "",
+                     missing.size() == 1 ? "it loads" : "they load");
+}
+
 std::vector<Finding> CollapseFindings(std::vector<Finding> findings) {
   auto pattern_of = [](const std::string& path) {
     std::string pattern;

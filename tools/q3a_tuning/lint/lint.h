@@ -10,6 +10,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -38,6 +39,20 @@ struct Finding {
 // list that carries exactly its capacity is the writers' full form: entries
 // past the count are unused, not a mistake.
 std::vector<Finding> LintTableMessage(const google::protobuf::Message& table);
+
+// The message of a "missing-fields" finding: how many of an object's fields
+// are missing, the first few by name. `path` is the object's, empty for the
+// table.
+std::string MissingFieldsText(const std::vector<std::string_view>& missing,
+                              std::string_view path);
+
+// For a binary tuning file: the sub-tables and lists of `table` that are
+// absent from the wire. The library's writer writes every sub-table and
+// every list at its capacity, and leaves out only scalars at 0, so an
+// absent sub-table or list means a file cut short or written by hand: its
+// scalars load as 0. "missing-version" for the table's version, else
+// "missing-fields" per object.
+std::vector<Finding> LintAbsentFields(const google::protobuf::Message& table);
 
 // One finding per rule and path pattern (indices dropped: "a.b[].c"): the
 // first, its message ending with how many more there are.

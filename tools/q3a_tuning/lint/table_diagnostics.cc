@@ -89,13 +89,13 @@ TextPosition PositionOfPath(const JsonValue& document,
   std::string_view path = json_path;
   while (!path.empty()) {
     if (const JsonValue* value = FindJsonPath(document, path)) {
-      return value->position;
+      return value->position();
     }
     const std::size_t cut = path.find_last_of(".[");
     if (cut == std::string_view::npos || cut == 0) break;
     path = path.substr(0, cut);
   }
-  return document.position;
+  return document.position();
 }
 
 }  // namespace q3a_tool

@@ -1,10 +1,14 @@
 #include "tools/q3a_tuning/lint/validate.h"
 
 #include <fmt/format.h>
+#include <google/protobuf/util/message_differencer.h>
 
-#include <cstring>
+#include <type_traits>
 #include <variant>
 
+#include "protomsg/record_conversions.h"
+#include "tools/q3a_tuning/io/compact_table.h"
+#include "tools/q3a_tuning/io/record_walk.h"
 #include "tools/q3a_tuning/lint/json_document.h"
 #include "tools/q3a_tuning/lint/json_lint.h"
 #include "tools/q3a_tuning/lint/lint.h"
@@ -13,10 +17,25 @@
 namespace q3a_tool {
 namespace {
 
+// Whether every value of `table` is what a message of zeros converts to:
+// 0, and for frame-summary kinds the record's invalid kind (or kind 0, what
+// a zeroed record writes).
 template <typename Record>
-bool AllZero(const Record& table) {
-  static const auto zero = MakeZeroedTable<Record>();
-  return std::memcmp(&table, zero.get(), sizeof(Record)) == 0;
+bool ReadsAsZero(const Record& table) {
+  const qawb::QAWBFrameSummaryType zero_kind =
+      protomsg::ConvertToStruct(qawb::tuning::QAWBFrameSummaryType{});
+  bool zero = true;
+  ForEachScalar(table, [&](const std::string&, const auto& value) {
+    using T = std::remove_cvref_t<decltype(value)>;
+    if constexpr (std::is_same_v<T, qawb::QAWBFrameSummaryType>) {
+      zero = zero && (value == zero_kind || value == T{});
+    } else if constexpr (std::is_same_v<T, bool>) {
+      zero = zero && qawb::StoredByte(value) == 0;
+    } else {
+      zero = zero && value == T{};
+    }
+  });
+  return zero;
 }
 
 // Findings about the table as it reads: its version, and a table of zeros.
@@ -25,7 +44,7 @@ std::vector<Finding> LintReadTable(const Record& table, bool has_version,
                                    const qawb::QAWBTuning* built_in) {
   std::vector<Finding> findings;
   const auto& version = table.version;
-  if (AllZero(table)) {
+  if (ReadsAsZero(table)) {
     findings.push_back({"", "every value of the table is 0: the algorithm "
                             "would run on nothing",
                         "all-zero"});
@@ -47,6 +66,35 @@ std::vector<Finding> LintReadTable(const Record& table, bool has_version,
          "version-mismatch"});
   }
   return findings;
+}
+
+// Whether `message` is already in the compact form export --compact writes:
+// every sub-table there (the writer converts them all), compacting changes
+// nothing.
+template <typename Record>
+bool InCompactForm(const google::protobuf::Message& message) {
+  const auto& descriptor = *message.GetDescriptor();
+  for (int i = 0; i < descriptor.field_count(); ++i) {
+    const auto* field = descriptor.field(i);
+    if (field->message_type() != nullptr && !field->is_repeated() &&
+        !message.GetReflection()->HasField(message, field)) {
+      return false;
+    }
+  }
+  typename TableTraits<Record>::Message zero_form;
+  protomsg::ConvertToMessage(*MakeZeroedTable<Record>(), zero_form);
+  std::unique_ptr<google::protobuf::Message> compacted(message.New());
+  compacted->CopyFrom(message);
+  CompactTableMessage(*compacted, zero_form);
+  return google::protobuf::util::MessageDifferencer::Equals(message,
+                                                            *compacted);
+}
+
+bool HasRule(const std::vector<Finding>& findings, std::string_view rule) {
+  for (const Finding& finding : findings) {
+    if (finding.rule == rule) return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -80,22 +128,23 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
     typename TableTraits<Record>::Message message;
     (void)ParseTableMessage(*content, format, message);
     std::vector<Finding> findings;
-    std::optional<JsonValue> document;
-    std::vector<JsonLeniency> leniencies;
+    std::optional<JsonDocument> document;
+    bool has_version = message.has_version();
     if (format == FileFormat::kJson) {
+      std::vector<JsonLeniency> leniencies;
       auto parsed = ParseJsonDocument(*content, &leniencies);
-      if (auto* root = std::get_if<JsonValue>(&parsed)) {
-        document = std::move(*root);
-        findings = LintJsonDocument(*document, leniencies,
+      if (auto* parsed_document = std::get_if<JsonDocument>(&parsed)) {
+        document = std::move(*parsed_document);
+        findings = LintJsonDocument(document->root(), leniencies,
                                     *message.GetDescriptor());
+        has_version = FindJsonPath(document->root(), "version") != nullptr;
       }
+    } else {
+      findings = LintAbsentFields(message);
     }
     for (Finding& finding : LintTableMessage(message)) {
       findings.push_back(std::move(finding));
     }
-    const bool has_version =
-        format == FileFormat::kBinary || !document ||
-        FindJsonPath(*document, "version") != nullptr;
     for (Finding& finding : LintReadTable(*table, has_version, built_in)) {
       findings.push_back(std::move(finding));
     }
@@ -103,13 +152,16 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
       std::erase_if(findings, [](const Finding& finding) {
         return finding.rule == "missing-fields";
       });
+    } else {
+      report.reads_like_compact = HasRule(findings, "missing-fields") &&
+                                  InCompactForm<Record>(message);
     }
     for (const Finding& finding : CollapseFindings(std::move(findings))) {
       Problem problem{path, 0, 0, finding.path, finding.rule, finding.message};
       if (document) {
-        const TextPosition at = finding.position
-                                    ? *finding.position
-                                    : PositionOfPath(*document, finding.path);
+        const TextPosition at =
+            finding.position ? *finding.position
+                             : PositionOfPath(document->root(), finding.path);
         problem.line = at.line;
         problem.column = at.column;
       }

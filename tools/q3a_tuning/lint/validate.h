@@ -22,6 +22,9 @@ struct ValidationReport {
   // pattern).
   std::vector<Problem> problems;
   std::string version;  // the table's version as read, when accepted
+  // Fields are missing, and the file is in the compact form export
+  // --compact writes: it was probably meant to be read with --compact.
+  bool reads_like_compact = false;
 };
 
 // `built_in`, when given, is the container the file is meant for: a version

@@ -109,7 +109,6 @@ TablePlots PlotTable(const qawb::QAWBAdvanceTuningTable& table,
                      const qawb::QAWBAdvanceTuningTable* before,
                      const PlotNames& names) {
   TablePlots plots;
-  plots.findings = internal::NonFiniteFindings(table, before, names);
   Figure figure;
   figure.title = internal::FigureTitle("Outdoor and special-colour regions",
                                        names, before != nullptr);
@@ -150,6 +149,7 @@ TablePlots PlotTable(const qawb::QAWBAdvanceTuningTable& table,
   figure.panels.push_back(std::move(special_chart));
   figure.panels.push_back(std::move(points));
   plots.figures.push_back(std::move(figure));
+  internal::NoteNonFinite(table, before, names, plots);
   return plots;
 }
 

@@ -155,7 +155,6 @@ TablePlots PlotTable(const qawb::QAWBBasicTuningTable& table,
                      const qawb::QAWBBasicTuningTable* before,
                      const PlotNames& names) {
   TablePlots plots;
-  plots.findings = internal::NonFiniteFindings(table, before, names);
   Chart plane;
   plane.title = "White points, golden modules and white-point regions";
   plane.x_title = "R/G";
@@ -170,6 +169,7 @@ TablePlots PlotTable(const qawb::QAWBBasicTuningTable& table,
   figure.panels.push_back(std::move(plane));
   figure.panels.push_back(IlluminantWeights(table, before));
   plots.figures.push_back(std::move(figure));
+  internal::NoteNonFinite(table, before, names, plots);
   return plots;
 }
 

@@ -125,7 +125,6 @@ TablePlots PlotTable(const qawb::QAWBColorControlTuningTable& table,
                      const qawb::QAWBColorControlTuningTable* before,
                      const PlotNames& names) {
   TablePlots plots;
-  plots.findings = internal::NonFiniteFindings(table, before, names);
   const auto& ccm = table.ccm_tuning_table;
   const auto* old = before != nullptr ? &before->ccm_tuning_table : nullptr;
   Figure general;
@@ -143,6 +142,7 @@ TablePlots PlotTable(const qawb::QAWBColorControlTuningTable& table,
   AddSelections(ccm.ccm_set_face, old ? &old->ccm_set_face : nullptr,
                 "ccm_set_face", false, face);
   if (!face.panels.empty()) plots.figures.push_back(std::move(face));
+  internal::NoteNonFinite(table, before, names, plots);
   return plots;
 }
 

@@ -145,7 +145,6 @@ HeatMap DarknessWeights(const Feature& table, const Feature* before) {
 TablePlots PlotTable(const Feature& table, const Feature* before,
                      const PlotNames& names) {
   TablePlots plots;
-  plots.findings = internal::NonFiniteFindings(table, before, names);
   const auto sides = internal::Sides(table, before);
   Figure figure;
   figure.title = internal::FigureTitle("Face and low-light weights", names,
@@ -157,6 +156,7 @@ TablePlots PlotTable(const Feature& table, const Feature* before,
   }
   figure.panels.push_back(DarknessWeights(table, before));
   plots.figures.push_back(std::move(figure));
+  internal::NoteNonFinite(table, before, names, plots);
   return plots;
 }
 

@@ -59,10 +59,12 @@ std::string RegistrationSection(const ReportData& data) {
   }
   html +=
       "</ul>\n<table><thead><tr><th>table</th><th>label</th><th>version</th>"
-      "<th>shared with</th><th>compared with</th></tr></thead><tbody>\n";
+      "<th>shared with</th><th>same bytes as</th><th>compared with</th>"
+      "</tr></thead><tbody>\n";
   for (const ReportTableRow& t : data.tables) {
     html += "<tr>" + Cell(t.table) + Cell(t.label) + Cell(t.version) +
-            Cell(t.shared_with) + Cell(t.compared_with) + "</tr>\n";
+            Cell(t.shared_with) + Cell(t.same_bytes_as) +
+            Cell(t.compared_with) + "</tr>\n";
   }
   return html + "</tbody></table></section>\n";
 }

@@ -18,7 +18,8 @@ struct ReportTableRow {
   std::string table;    // "basic"
   std::string label;    // the registry's label, "B3"
   std::string version;  // "3.1"
-  std::string shared_with;
+  std::string shared_with;    // the other containers that hold it
+  std::string same_bytes_as;  // labels of other tables with its very bytes
   std::string compared_with;  // the tuning file, if any
 };
 

@@ -73,6 +73,7 @@ using Panel = std::variant<Chart, HeatMap>;
 struct Figure {
   std::string title;
   std::vector<Panel> panels;
+  std::string note;  // under the title: what the picture leaves out
 };
 
 }  // namespace q3a_tool

@@ -259,7 +259,9 @@ std::string RenderFigureSvg(const Figure& figure) {
   };
   std::vector<Placed> placed;
   const double half = (kFigureWidth - 2 * kMargin) / 2;
-  double x = kMargin, y = kTitleHeight, row_height = 0;
+  constexpr double kNoteHeight = 18;
+  double x = kMargin, row_height = 0;
+  double y = kTitleHeight + (figure.note.empty() ? 0 : kNoteHeight);
   for (const Panel& panel : figure.panels) {
     const bool wide = PanelWide(panel);
     if ((wide && x > kMargin) || x + half > kFigureWidth) {
@@ -277,6 +279,10 @@ std::string RenderFigureSvg(const Figure& figure) {
   svg.Title(figure.title);
   svg.Rect({0, 0, kFigureWidth, height}, Fill("#fcfcfc"));
   svg.Text({12, 23}, figure.title, {.size = 15, .colour = "#111", .bold = true});
+  if (!figure.note.empty()) {
+    svg.Text({12, 23 + kNoteHeight}, figure.note,
+             {.size = 12, .colour = "#9b1c1c"});
+  }
   for (const Placed& p : placed) {
     std::visit(
         [&](const auto& panel) {

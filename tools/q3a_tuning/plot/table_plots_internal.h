@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "awb_records/record_description.h"
+#include "tools/q3a_tuning/io/record_walk.h"
 #include "tools/q3a_tuning/plot/plot_model.h"
 #include "tools/q3a_tuning/plot/table_plots.h"
 
@@ -53,54 +54,32 @@ std::vector<Side<Record>> Sides(const Record& table, const Record* before) {
   return {{before, true, " (before)"}, {&table, false, ""}};
 }
 
-// Every float of `record` that is not finite, by path.
-class NonFiniteWalker {
- public:
-  explicit NonFiniteWalker(std::string table) : table_(std::move(table)) {}
-
-  template <typename T>
-  void Walk(const T& value, const std::string& path) {
-    if constexpr (std::is_array_v<T>) {
-      if constexpr (std::is_floating_point_v<std::remove_all_extents_t<T>> ||
-                    qawb::DescribedRecord<std::remove_all_extents_t<T>>) {
-        for (std::size_t i = 0; i < std::extent_v<T>; ++i) {
-          Walk(value[i], fmt::format("{}[{}]", path, i));
-        }
-      }
-    } else if constexpr (qawb::DescribedRecord<T>) {
-      ForEachField(value, [&](const char* name, const auto& field) {
-        Walk(field, path.empty() ? std::string(name)
-                                 : fmt::format("{}.{}", path, name));
-      });
-    } else if constexpr (std::is_floating_point_v<T>) {
-      if (!std::isfinite(value)) {
-        findings_.push_back(fmt::format(
-            "{}: {}: value {} is not finite; left out of the plots", table_,
-            path, value));
-      }
-    }
-  }
-
-  std::vector<std::string> Take() { return std::move(findings_); }
-
- private:
-  std::string table_;
-  std::vector<std::string> findings_;
-};
-
+// Reports every non-finite float of either table as a finding and says in
+// each picture what it left out.
 template <typename Record>
-std::vector<std::string> NonFiniteFindings(const Record& table,
-                                           const Record* before,
-                                           const PlotNames& names) {
-  NonFiniteWalker walker(names.table);
-  walker.Walk(table, "");
-  std::vector<std::string> findings = walker.Take();
-  if (before != nullptr) {
-    NonFiniteWalker old(names.before);
-    old.Walk(*before, "");
-    for (auto& f : old.Take()) findings.push_back(std::move(f));
+void NoteNonFinite(const Record& table, const Record* before,
+                   const PlotNames& names, TablePlots& plots) {
+  std::vector<std::string> left_out;
+  for (const Side<Record>& side : Sides(table, before)) {
+    const std::string& name = side.before ? names.before : names.table;
+    ForEachScalar(*side.table, [&](const std::string& path,
+                                   const auto& value) {
+      if constexpr (std::is_floating_point_v<
+                        std::remove_cvref_t<decltype(value)>>) {
+        if (std::isfinite(value)) return;
+        plots.findings.push_back(fmt::format(
+            "{}: {}: value {} is not finite; left out of the plots", name,
+            path, value));
+        left_out.push_back(fmt::format("{}{} ({})", path, side.suffix, value));
+      }
+    });
   }
-  return findings;
+  if (left_out.empty()) return;
+  const std::string note = fmt::format(
+      "Left out: {} value{} that {} not finite: {}{}", left_out.size(),
+      left_out.size() == 1 ? "" : "s", left_out.size() == 1 ? "is" : "are",
+      left_out.front(), left_out.size() > 1 ? ", ..." : "");
+  for (Figure& figure : plots.figures) figure.note = note;
 }
 
 inline std::string FigureTitle(std::string_view what, const PlotNames& names,
