@@ -28,17 +28,9 @@ namespace {
 using q3a_test::SameBytes;
 using q3a_test::TableBytes;
 
-constexpr std::size_t kBasicOffset = 0;
-constexpr std::size_t kAdvanceOffset = 24208;
-constexpr std::size_t kColorControlOffset = 29792;
-constexpr std::size_t kFeatureOffset = 69760;
-constexpr std::size_t kFileSize = 102944;
-static_assert(TuningTable<QAWBAdvanceTuningTable>::kFileOffset ==
-                  kAdvanceOffset &&
-              TuningTable<QAWBColorControlTuningTable>::kFileOffset ==
-                  kColorControlOffset &&
-              TuningTable<QAWBFeatureTuningTable>::kFileOffset ==
-                  kFeatureOffset);
+constexpr std::size_t kFileSize = MutableQAWBTuning::kTuningBinaryFileSize;
+template <typename Record>
+constexpr std::size_t kOffset = TuningTable<Record>::kFileOffset;
 
 struct LogLine {
   int priority;
@@ -174,10 +166,11 @@ TEST_F(MutableQAWBTuningTest, FileHoldsTheTablesBackToBack) {
     uint16_t minor;
   };
   const Expected expected[] = {
-      {kBasicOffset, &basic_, sizeof(basic_), 1},
-      {kAdvanceOffset, &advance_, sizeof(advance_), 2},
-      {kColorControlOffset, &color_control_, sizeof(color_control_), 3},
-      {kFeatureOffset, &feature_, sizeof(feature_), 4},
+      {kOffset<QAWBBasicTuningTable>, &basic_, sizeof(basic_), 1},
+      {kOffset<QAWBAdvanceTuningTable>, &advance_, sizeof(advance_), 2},
+      {kOffset<QAWBColorControlTuningTable>, &color_control_,
+       sizeof(color_control_), 3},
+      {kOffset<QAWBFeatureTuningTable>, &feature_, sizeof(feature_), 4},
   };
   for (const Expected& e : expected) {
     SCOPED_TRACE(e.offset);
@@ -220,15 +213,18 @@ TEST_P(WrongSizeTest, IsRejectedWholeAndLogged) {
   EXPECT_EQ(WithoutLineNumber(lines_[0].message),
             "Tuning: mutable_qawb_tuning.cc:N] ReadFromFile: The size of "
             "tuning binary file does not match ideal file "
-            "size.ideal_file_size=102944 file_size=" +
+            "size.ideal_file_size=" +
+                std::to_string(kFileSize) + " file_size=" +
                 std::to_string(static_cast<std::int32_t>(size)));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     MutableQAWBTuning, WrongSizeTest,
     testing::Values(WrongSize{"Empty", 0}, WrongSize{"OneByte", 1},
-                    WrongSize{"BasicTableOnly", kAdvanceOffset},
-                    WrongSize{"FirstThreeTables", kFeatureOffset},
+                    WrongSize{"BasicTableOnly",
+                              kOffset<QAWBAdvanceTuningTable>},
+                    WrongSize{"FirstThreeTables",
+                              kOffset<QAWBFeatureTuningTable>},
                     WrongSize{"OneByteShort", kFileSize - 1},
                     WrongSize{"OneByteLong", kFileSize + 1},
                     WrongSize{"TwoDumps", 2 * kFileSize},

@@ -121,7 +121,7 @@ TEST_F(LoaderTest, ScratchTablesStayOffTheCallersStack) {
       [&] { EXPECT_NE(LoadQawbTuningFromFile(AllFiles(), &fixed_), nullptr); });
 
   ASSERT_EQ(lines_.size(), 4u) << "every file should have loaded";
-  // The smallest table the loader reads is 5584 bytes; logging and the
+  // The smallest table the loader reads is the advance table; logging and the
   // loader's own frames need far less.
   EXPECT_LT(loader, readers + sizeof(qawb::QAWBAdvanceTuningTable))
       << "the loader needs " << loader << " bytes of stack, its readers "

@@ -19,7 +19,9 @@
 #include <thread>
 #include <vector>
 
+#include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "tests/support/device_node.h"
+#include "tests/support/table_versions.h"
 #include "tests/tools/tool_runner.h"
 #include "tests/tools/wire_fields.h"
 
@@ -30,6 +32,8 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 
 constexpr char kKey[] = "0,-1,1,0,-1";
+constexpr std::size_t kFileSize =
+    qawb::MutableQAWBTuning::kTuningBinaryFileSize;
 
 struct HostileCase {
   const char* name;
@@ -219,7 +223,9 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"InspectFifo", {"inspect", "{d}/fifo.json"}, 2,
                     "it is a FIFO"},
         HostileCase{"DumpGarbage", {"dump", "{d}/garbage.pb", "-o", "{d}/d"},
-                    1, "12 bytes, but a tuning binary file has exactly 102944"},
+                    1,
+                    "12 bytes, but a tuning binary file has exactly " +
+                        std::to_string(kFileSize)},
         HostileCase{"GetHuge", {"get", "{d}/huge.json", "version"}, 2,
                     "more than any tuning file holds"},
         HostileCase{"SetDevice", {"set", "{d}/null", "version.major=3"}, 2,
@@ -235,14 +241,18 @@ INSTANTIATE_TEST_SUITE_P(
                     {"load", "basic={d}/fifo.json", "--key", kKey}, 1,
                     "warning: the basic table was not loaded: "
                     "{d}/fifo.json: cannot read the file: it is a FIFO",
-                    "basic    3.0    unchanged"},
+                    "basic    " +
+                        DefaultVersion<qawb::QAWBBasicTuningTable>() +
+                        "    unchanged"},
         HostileCase{"LoadWrongTable",
                     {"load", "color={d}/t/basic.json", "--key", kKey}, 1,
                     "warning: the color table was not loaded: "
                     "{d}/t/basic.json: this is a basic table, not a color "
                     "table; the container keeps the table it held, here a "
                     "fresh container's default color table",
-                    "color    3.0    unchanged"},
+                    "color    " +
+                        DefaultVersion<qawb::QAWBColorControlTuningTable>() +
+                        "    unchanged"},
         HostileCase{"PlotFifo", {"plot", "{d}/fifo.json", "-o", "{d}/x.svg"},
                     2, "it is a FIFO"}),
     [](const auto& info) { return info.param.name; });
@@ -455,8 +465,8 @@ class ValidationHostileTest : public HostileTest {
     feature.replace(feature.find("\"max_face"), 0,
                     "\"max\\u005Ffac\\u0065_count\": 4, ");
     Write("escaped_dup.json", feature);
-    std::mt19937 random(102944);
-    std::string noise(102944, '\0');
+    std::mt19937 random(kFileSize);
+    std::string noise(kFileSize, '\0');
     for (char& byte : noise) byte = static_cast<char>(random());
     Write("random.bin", noise);
     Write("comma.json",
@@ -488,7 +498,10 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"BinaryCutShortAtAField", {"validate", "{d}/cut.pb"}, 1,
                     "", "cut.pb: 9 fields missing from the table"},
         HostileCase{"EscapedKey", {"validate", "{d}/escaped.json"}, 0, "",
-                    "escaped.json: feature table version 3.3: ok"},
+                    "escaped.json: feature table version " +
+                        BuiltInVersion<qawb::QAWBFeatureTuningTable>(
+                            {0, -1, 1, 0, -1}) +
+                        ": ok"},
         HostileCase{"GetEscapedKey",
                     {"get", "{d}/escaped.json",
                      "face_tuning_table.max_face_count"},
@@ -505,7 +518,7 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"InspectRandomBytes", {"inspect", "{d}/random.bin"}, 1,
                     "random.bin: not a tuning binary file: its tables hold "
                     "what no table holds\n  basic: version: ",
-                    "random.bin: 102944 bytes"},
+                    "random.bin: " + std::to_string(kFileSize) + " bytes"},
         HostileCase{"RestoreOverRandomBytes",
                     {"restore", "--base", "{d}/random.bin", "-o", "{d}/x.bin"},
                     1, "random.bin: not a tuning binary file"},

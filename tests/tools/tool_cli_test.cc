@@ -4,11 +4,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "awb_records/tuning_tables.h"
+#include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "tests/support/table_versions.h"
 #include "tests/tools/tool_runner.h"
 
 namespace q3a_test {
@@ -17,6 +21,20 @@ namespace {
 using testing::HasSubstr;
 
 constexpr char kKey[] = "0,-1,1,0,-1";
+constexpr q3a_api::TuningKey kTuningKey = {0, -1, 1, 0, -1};
+constexpr std::size_t kFileSize =
+    qawb::MutableQAWBTuning::kTuningBinaryFileSize;
+
+// The line `inspect` prints for the table Record, as far as its version.
+template <typename Record>
+std::string InspectLine(const std::string& version) {
+  using Table = qawb::TuningTable<Record>;
+  char line[128];
+  std::snprintf(line, sizeof(line), "%-8s offset %6zu size %6zu version %s",
+                std::string(Table::kName).c_str(), Table::kFileOffset,
+                sizeof(Record), version.c_str());
+  return line;
+}
 
 class ToolCliTest : public ToolTest {
  protected:
@@ -130,21 +148,24 @@ TEST_F(ToolCliTest, LoadShowsTheDebugLineAndWhereEachTableCameFrom) {
   EXPECT_EQ(result.out,
             "D Q3ACoordinator: SetFeatureTuningTable with file \"" + feature +
                 "\". (Version:3.7)\n"
-                "basic    3.0    unchanged (the default table): the path is "
-                "empty\n"
-                "advance  3.1    from the fixed container awb:" +
-                kKey +
+                "basic    " +
+                DefaultVersion<qawb::QAWBBasicTuningTable>() +
+                "    unchanged (the default table): the path is empty\n"
+                "advance  " +
+                BuiltInVersion<qawb::QAWBAdvanceTuningTable>(kTuningKey) +
+                "    from the fixed container awb:" + kKey +
                 "\n"
-                "color    3.1    from the fixed container awb:" +
-                kKey +
+                "color    " +
+                BuiltInVersion<qawb::QAWBColorControlTuningTable>(kTuningKey) +
+                "    from the fixed container awb:" + kKey +
                 "\n"
                 "feature  3.7    from " +
                 feature + "\n" + Path("out.bin") + "\n");
 
   const ToolResult inspected = Run({"inspect", Path("out.bin")});
   EXPECT_EQ(inspected.exit_code, 0);
-  EXPECT_THAT(inspected.out, HasSubstr("feature  offset  69760 size  33184 "
-                                       "version 3.7"));
+  EXPECT_THAT(inspected.out,
+              HasSubstr(InspectLine<qawb::QAWBFeatureTuningTable>("3.7")));
 }
 
 TEST_F(ToolCliTest, LoadReportsAFileTheLoaderIgnored) {
@@ -153,7 +174,10 @@ TEST_F(ToolCliTest, LoadReportsAFileTheLoaderIgnored) {
   const ToolResult result = Run({"load", "advance=" + broken, "--key", kKey});
   EXPECT_EQ(result.exit_code, 1);
   EXPECT_EQ(result.out.find("D Q3ACoordinator"), std::string::npos);
-  EXPECT_THAT(result.out, HasSubstr("advance  3.0    unchanged"));
+  EXPECT_THAT(result.out,
+              HasSubstr("advance  " +
+                        DefaultVersion<qawb::QAWBAdvanceTuningTable>() +
+                        "    unchanged"));
   EXPECT_THAT(result.err, HasSubstr(broken + ":1:14: version.majr: "));
 }
 
@@ -167,7 +191,9 @@ TEST_F(ToolCliTest, DumpAndRestoreRoundTripTheTuningBinaryFile) {
            "--feature", Path("d") + "/feature.json", "-o", Path("b.bin")});
   ASSERT_EQ(restored.exit_code, 0) << restored.err;
   EXPECT_THAT(restored.out,
-              HasSubstr("feature  3.3    from " + Path("d") + "/feature.json"));
+              HasSubstr("feature  " +
+                        BuiltInVersion<qawb::QAWBFeatureTuningTable>(kTuningKey) +
+                        "    from " + Path("d") + "/feature.json"));
   EXPECT_EQ(ReadFile(Path("a.bin")), ReadFile(Path("b.bin")));
 }
 
@@ -179,13 +205,16 @@ TEST_F(ToolCliTest, InspectAndDumpRefuseATuningBinaryFileOfTheWrongSize) {
   const ToolResult inspected = Run({"inspect", short_file});
   EXPECT_EQ(inspected.exit_code, 1);
   EXPECT_THAT(inspected.out,
-              HasSubstr("102943 bytes, but a tuning binary file has exactly "
-                        "102944"));
-  EXPECT_THAT(inspected.out, HasSubstr("basic    offset      0 size  24208 "
-                                       "version 3.0"));
+              HasSubstr(std::to_string(kFileSize - 1) +
+                        " bytes, but a tuning binary file has exactly " +
+                        std::to_string(kFileSize)));
+  EXPECT_THAT(inspected.out,
+              HasSubstr(InspectLine<qawb::QAWBBasicTuningTable>(
+                  DefaultVersion<qawb::QAWBBasicTuningTable>())));
   const ToolResult dumped = Run({"dump", short_file, "-o", Path("d")});
   EXPECT_EQ(dumped.exit_code, 1);
-  EXPECT_THAT(dumped.err, HasSubstr(short_file + ": 102943 bytes"));
+  EXPECT_THAT(dumped.err, HasSubstr(short_file + ": " +
+                                    std::to_string(kFileSize - 1) + " bytes"));
   EXPECT_FALSE(std::filesystem::exists(Path("d")));
 }
 
@@ -311,7 +340,9 @@ TEST_F(ToolCliTest, ValidateAcceptsAnEditedExportAndNamesItsTable) {
   const ToolResult result = Run({"validate", Path("t") + "/advance.json"});
   EXPECT_EQ(result.exit_code, 0);
   EXPECT_EQ(result.out,
-            Path("t") + "/advance.json: advance table version 3.1: ok\n");
+            Path("t") + "/advance.json: advance table version " +
+                BuiltInVersion<qawb::QAWBAdvanceTuningTable>(kTuningKey) +
+                ": ok\n");
 }
 
 // What scripts rely on: which stream carries what, and the exit code.
@@ -376,7 +407,11 @@ INSTANTIATE_TEST_SUITE_P(
                      "\"initial_cct\",\n    \"rule\": \"duplicate-key\"",
                      ""},
         ContractCase{"ValidateCleanIsQuiet", {"validate", "{t}/color.json"}, 0,
-                     "color table version 3.1: ok", ""},
+                     "color table version " +
+                         BuiltInVersion<qawb::QAWBColorControlTuningTable>(
+                             kTuningKey) +
+                         ": ok",
+                     ""},
         ContractCase{"DiffSameIsZero",
                      {"diff", "{t}/basic.json", "awb:0,-1,1,0,-1:basic"}, 0,
                      "basic table: 0 field(s) differ", ""},
