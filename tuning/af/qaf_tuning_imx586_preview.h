@@ -1,8 +1,12 @@
-// Autofocus tuning of the imx586 sensor, preview.
+// Autofocus tuning of the imx586 sensor, preview: the gn1 preview's, with
+// the tele lens's 10-bit positions and phase-detect conversion, three more
+// search levels, and more weight on contrast in hybrid search.
 #ifndef TUNING_AF_QAF_TUNING_IMX586_PREVIEW_H_
 #define TUNING_AF_QAF_TUNING_IMX586_PREVIEW_H_
 
 #include "coordinator/qaf_tuning.h"
+#include "tuning/af/qaf_tuning_common.h"
+#include "tuning/af/qaf_tuning_gn1_preview.h"
 #include "tuning/tuning_source_dir.h"
 
 namespace q3a_tuning::af_imx586_preview {
@@ -10,106 +14,39 @@ namespace q3a_tuning::af_imx586_preview {
 inline constexpr char kName[] =
     Q3A_TUNING_SOURCE_DIR "tuning/af/qaf_tuning_imx586_preview.h";
 
-inline constexpr qaf::QafParamsHead kParamsHead = {
-    .af_enable = 1,
-    .pdaf_enable = 1,
-    .cdaf_enable = 1,
-    .continuous_enable = 0,
-    .lens_position_minimum = 0,
-    .lens_position_maximum = 1023,
-    .lens_position_infinity = 60,
-    .lens_position_macro = 900,
-    .lens_position_hyperfocal = 102,
-    .coarse_search_step = 60,
-    .fine_search_step = 15,
-    .pd_confidence_threshold = 0.45f,
-    .pd_defocus_gain = 1.2f,
-    .roi_width_percent = 20,
-    .roi_height_percent = 20,
-    .scene_change_luma_threshold = 8,
-    .scene_change_sad_threshold = 0.1f,
-    .scene_change_frames = 3,
-    .focus_distance_cm = {10.0f,  12.0f,  15.0f,  20.0f,  25.0f,
-                          30.0f,  40.0f,  50.0f,  60.0f,  80.0f,
-                          100.0f, 120.0f, 150.0f, 200.0f, 250.0f,
-                          300.0f, 400.0f, 500.0f, 700.0f, 1000.0f},
-    .lens_position_by_distance = {900, 733, 587, 450, 370, 317, 252,
-                                  213, 187, 155, 136, 123, 111, 98,
-                                  90,  85,  79,  75,  71,  68},
-    .pd_conversion_coefficients = {1000, 1035,  1060,  1075,  1080,  1075,
-                                   1060, 1035,  1000,  955,   900,   835,
-                                   760,  675,   580,   475,   360,   235,
-                                   100,  -45,   -200,  -365,  -540,  -725,
-                                   -920, -1125, -1340, -1565, -1800, -2045},
-    .pd_confidence_curve = {0.1f,  0.135f, 0.17f, 0.205f, 0.24f, 0.275f,
-                            0.31f, 0.345f, 0.38f, 0.415f, 0.45f, 0.485f,
-                            0.52f, 0.555f, 0.59f, 0.625f, 0.66f, 0.695f,
-                            0.73f, 0.765f, 0.8f,  0.835f, 0.87f, 0.905f,
-                            0.94f, 0.975f, 1.0f,  1.0f,   1.0f,  1.0f},
-    .search_range_by_gain = {400, 388, 376, 364, 352, 340, 328, 316, 304, 292,
-                             280, 268, 256, 244, 232, 220, 208, 196, 184, 172,
-                             160, 148, 136, 124, 112, 100, 88,  76,  64,  52},
-};
+inline constexpr qaf::QafParamsHead kParamsHead = [] {
+  qaf::QafParamsHead head = af_gn1_preview::kParamsHead;
+  head.lens_position_maximum = 1023;
+  head.lens_position_infinity = 60;
+  head.lens_position_macro = 900;
+  head.lens_position_hyperfocal = 102;
+  head.pd_confidence_threshold = 0.45f;
+  af::Assign(head.lens_position_by_distance,
+             {900, 733, 587, 450, 370, 317, 252, 213, 187, 155,
+              136, 123, 111, 98,  90,  85,  79,  75,  71,  68});
+  af::Assign(head.pd_conversion_coefficients,
+             {1000, 1035, 1060, 1075, 1080, 1075,  1060,  1035,  1000,  955,
+              900,  835,  760,  675,  580,  475,   360,   235,   100,   -45,
+              -200, -365, -540, -725, -920, -1125, -1340, -1565, -1800, -2045});
+  return head;
+}();
 
-// Rows in ascending level order; unused rows are zero.
-inline constexpr qaf::QafLevelTable kLevelTable = {{
-    {1, 400, 600, 1.0f, {400, 600, 400, 600, 600, 750, 400, 600}},
-    {2, 450, 660, 1.15f, {450, 660, 450, 660, 660, 820, 450, 660}},
-    {4, 500, 720, 1.3f, {500, 720, 500, 720, 720, 890, 500, 720}},
-    {8, 550, 780, 1.45f, {550, 780, 550, 780, 780, 960, 550, 780}},
-    {16, 600, 840, 1.6f, {600, 840, 600, 840, 840, 1030, 600, 840}},
-    {64, 650, 900, 1.75f, {650, 900, 650, 900, 900, 1100, 650, 900}},
-    {80, 700, 960, 1.9f, {700, 960, 700, 960, 960, 1170, 700, 960}},
-    {100, 750, 1020, 2.05f, {750, 1020, 750, 1020, 1020, 1240, 750, 1020}},
-}};
+inline constexpr qaf::QafLevelTable kLevelTable = [] {
+  qaf::QafLevelTable levels = af_gn1_preview::kLevelTable;
+  levels[5] = {64, 650, 900, 1.75f, {650, 900, 650, 900, 900, 1100, 650, 900}};
+  levels[6] = {80, 700, 960, 1.9f, {700, 960, 700, 960, 960, 1170, 700, 960}};
+  levels[7] = {
+      100, 750, 1020, 2.05f, {750, 1020, 750, 1020, 1020, 1240, 750, 1020}};
+  return levels;
+}();
 
-inline constexpr qaf::QafParamsTail kParamsTail = {
-    .face_priority_enable = 1,
-    .tracking_enable = 0,
-    .touch_enable = 1,
-    .hybrid_mode = 1,
-    .stable_frames = 2,
-    .lost_frames = 6,
-    .convergence_frames = 5,
-    .haf_pd_weight = 0.6f,
-    .haf_cd_weight = 0.4f,
-    .tracking_window_percent = 15,
-    .motion_thresholds = {0.02f, 0.05f, 0.1f, 0.2f},
-    .retrigger_params = {3, 6, 12, 30, 2},
-    .fine_search_table = {8,  12, 16, 20, 24, 28, 32, 36, 40, 44, 48, 52, 56,
-                          60, 64, 10, 14, 18, 22, 26, 30, 34, 38, 42, 46, 50,
-                          54, 58, 62, 66, 12, 16, 20, 24, 28, 32, 36, 40, 44,
-                          48, 52, 56, 60, 64, 68, 14, 18, 22, 26, 30, 34, 38,
-                          42, 46, 50, 54, 58, 62, 66, 70, 16, 20, 24, 28, 32,
-                          36, 40, 44, 48, 52, 56, 60, 64, 68, 72, 18, 22, 26,
-                          30, 34, 38, 42, 46, 50, 54, 58, 62, 66, 70, 74, 20,
-                          24, 28, 32, 36, 40, 44, 48, 52, 56, 60, 64, 68, 72,
-                          76, 22, 26, 30, 34, 38, 42, 46, 50, 54, 58, 62, 66,
-                          70, 74, 78, 24, 28, 32, 36, 40, 44, 48, 52, 56, 60,
-                          64, 68, 72, 76, 80, 26, 30, 34, 38, 42, 46, 50, 54,
-                          58, 62, 66, 70, 74, 78, 82},
-    .confidence_table =
-        {0.05f,  0.0565f, 0.063f, 0.0695f, 0.076f, 0.0825f, 0.089f, 0.0955f,
-         0.102f, 0.1085f, 0.115f, 0.1215f, 0.128f, 0.1345f, 0.141f, 0.1475f,
-         0.154f, 0.1605f, 0.167f, 0.1735f, 0.18f,  0.1865f, 0.193f, 0.1995f,
-         0.206f, 0.2125f, 0.219f, 0.2255f, 0.232f, 0.2385f, 0.245f, 0.2515f,
-         0.258f, 0.2645f, 0.271f, 0.2775f, 0.284f, 0.2905f, 0.297f, 0.3035f,
-         0.31f,  0.3165f, 0.323f, 0.3295f, 0.336f, 0.3425f, 0.349f, 0.3555f,
-         0.362f, 0.3685f, 0.375f, 0.3815f, 0.388f, 0.3945f, 0.401f, 0.4075f,
-         0.414f, 0.4205f, 0.427f, 0.4335f, 0.44f,  0.4465f, 0.453f, 0.4595f,
-         0.466f, 0.4725f, 0.479f, 0.4855f, 0.492f, 0.4985f, 0.505f, 0.5115f,
-         0.518f, 0.5245f, 0.531f, 0.5375f, 0.544f, 0.5505f, 0.557f, 0.5635f,
-         0.57f,  0.5765f, 0.583f, 0.5895f, 0.596f, 0.6025f, 0.609f, 0.6155f,
-         0.622f, 0.6285f, 0.635f, 0.6415f, 0.648f, 0.6545f, 0.661f, 0.6675f,
-         0.674f, 0.6805f, 0.687f, 0.6935f, 0.7f,   0.7065f, 0.713f, 0.7195f,
-         0.726f, 0.7325f, 0.739f, 0.7455f, 0.752f, 0.7585f, 0.765f, 0.7715f,
-         0.778f, 0.7845f, 0.791f, 0.7975f, 0.804f, 0.8105f, 0.817f, 0.8235f,
-         0.83f,  0.8365f, 0.843f, 0.8495f, 0.856f, 0.8625f, 0.869f, 0.8755f,
-         0.882f, 0.8885f, 0.895f, 0.9015f, 0.908f, 0.9145f, 0.921f, 0.9275f,
-         0.934f, 0.9405f, 0.947f, 0.9535f, 0.96f,  0.9665f, 0.973f, 0.9795f,
-         0.986f, 0.9925f, 0.999f, 1.0f,    1.0f,   1.0f},
-    .reserved = {},
-};
+inline constexpr qaf::QafParamsTail kParamsTail = [] {
+  qaf::QafParamsTail tail = af_gn1_preview::kParamsTail;
+  tail.hybrid_mode = 1;
+  tail.haf_pd_weight = 0.6f;
+  tail.haf_cd_weight = 0.4f;
+  return tail;
+}();
 
 }  // namespace q3a_tuning::af_imx586_preview
 

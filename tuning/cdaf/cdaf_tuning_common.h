@@ -1,9 +1,9 @@
 // What every built-in contrast-detect configuration entry shares, and the
-// assembly of a block of eight entries from its per-entry settings.
+// assembly of a block of eight entries from the few settings that tell the
+// block apart.
 #ifndef TUNING_CDAF_CDAF_TUNING_COMMON_H_
 #define TUNING_CDAF_CDAF_TUNING_COMMON_H_
 
-#include <array>
 #include <cstdint>
 
 #include "coordinator/qaf_tuning.h"
@@ -28,18 +28,31 @@ inline constexpr std::uint16_t kGammaPoints[80] = {
 
 inline constexpr std::int32_t kGammaMaximum = 4095;  // largest 12-bit value
 
-// The settings that vary between the entries of a block.
-struct EntrySettings {
-  std::int32_t vertical_filter_enable;
-  std::int32_t window_columns;
-  std::int32_t window_rows;
-  std::int32_t coring_thresholds[8];
-  std::int32_t output_shifts[4];
-  std::int32_t window_weights[9];
+// Window weights of the entries that filter horizontally only (the even
+// ones), which weigh the centre most, and of those that add the vertical
+// filter (the odd ones).
+inline constexpr std::int32_t kCentreWeights[9] = {1, 2, 1, 2, 4, 2, 1, 2, 1};
+inline constexpr std::int32_t kFlatterWeights[9] = {1, 1, 1, 1, 2, 1, 1, 1, 1};
+
+// A band-pass filter b0 (1 - z^-2) / (1 + a1 z^-1 + a2 z^-2).
+struct BandPass {
+  float b0;
+  float a1;
+  float a2;
 };
 
-constexpr qaf::CdafConfigEntry MakeEntry(const EntrySettings& settings,
-                                         const qaf::CdafFilter (&filters)[12]) {
+// What sets a block of eight entries apart.
+struct BlockSettings {
+  std::int32_t coring_thresholds[8];  // every entry's
+  // The even entries'; the odd ones shift the first output one more.
+  std::int32_t output_shifts[4];
+  std::int32_t windows[8][2];  // each entry's columns and rows
+  BandPass filters[12];        // the bank every entry uses
+};
+
+constexpr qaf::CdafConfigEntry MakeEntry(const BlockSettings& block,
+                                         int index) {
+  const bool vertical = index % 2 == 1;
   qaf::CdafConfigEntry entry{};
   entry.enable = 1;
   for (int i = 0; i < 12; ++i) entry.flags[i] = kFlags[i];
@@ -47,26 +60,28 @@ constexpr qaf::CdafConfigEntry MakeEntry(const EntrySettings& settings,
   for (int i = 0; i < 80; ++i) entry.gamma_points[i] = kGammaPoints[i];
   entry.gamma_maximum = kGammaMaximum;
   entry.horizontal_filter_enable = 1;
-  entry.vertical_filter_enable = settings.vertical_filter_enable;
-  entry.window_columns = settings.window_columns;
-  entry.window_rows = settings.window_rows;
+  entry.vertical_filter_enable = vertical ? 1 : 0;
+  entry.window_columns = block.windows[index][0];
+  entry.window_rows = block.windows[index][1];
   entry.filter_count = 12;
   for (int i = 0; i < 8; ++i) {
-    entry.coring_thresholds[i] = settings.coring_thresholds[i];
+    entry.coring_thresholds[i] = block.coring_thresholds[i];
   }
-  for (int i = 0; i < 4; ++i)
-    entry.output_shifts[i] = settings.output_shifts[i];
-  for (int i = 0; i < 9; ++i)
-    entry.window_weights[i] = settings.window_weights[i];
-  for (int i = 0; i < 12; ++i) entry.filters[i] = filters[i];
+  for (int i = 0; i < 4; ++i) entry.output_shifts[i] = block.output_shifts[i];
+  if (vertical) ++entry.output_shifts[0];
+  for (int i = 0; i < 9; ++i) {
+    entry.window_weights[i] = vertical ? kFlatterWeights[i] : kCentreWeights[i];
+  }
+  for (int i = 0; i < 12; ++i) {
+    const BandPass& f = block.filters[i];
+    entry.filters[i] = {f.b0, 0.0f, -f.b0, f.a1, f.a2};
+  }
   return entry;
 }
 
-// A block of eight entries sharing one filter bank.
-constexpr qaf::CdafConfigBlock MakeBlock(const EntrySettings (&settings)[8],
-                                         const qaf::CdafFilter (&filters)[12]) {
+constexpr qaf::CdafConfigBlock MakeBlock(const BlockSettings& settings) {
   qaf::CdafConfigBlock block{};
-  for (int i = 0; i < 8; ++i) block[i] = MakeEntry(settings[i], filters);
+  for (int i = 0; i < 8; ++i) block[i] = MakeEntry(settings, i);
   return block;
 }
 
