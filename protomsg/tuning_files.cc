@@ -171,26 +171,24 @@ bool ReadProtobuf(const std::string& path, Table& table) {
 
 }  // namespace
 
-#define PROTOMSG_DEFINE_TUNING_FILES(Table)                                 \
-  void SaveTuningTableWithJson(const std::string& path,                     \
-                               const qawb::Table& table) {                  \
-    SaveJson(path, table);                                                  \
-  }                                                                         \
-  void SaveTuningTableWithProtobuf(const std::string& path,                 \
-                                   const qawb::Table& table) {              \
-    SaveProtobuf(path, table);                                              \
-  }                                                                         \
-  bool Read##Table##WithJson(const std::string& path, qawb::Table& table) { \
-    return ReadJson(path, table);                                           \
-  }                                                                         \
-  bool Read##Table##FromProtobuf(const std::string& path,                   \
-                                 qawb::Table& table) {                      \
-    return ReadProtobuf(path, table);                                       \
+#define PROTOMSG_INTERNAL_DEFINE_TUNING_FILES(Id, Stem, name, load_position) \
+  void SaveTuningTableWithJson(const std::string& path,                      \
+                               const qawb::QAWB##Stem& table) {              \
+    SaveJson(path, table);                                                   \
+  }                                                                          \
+  void SaveTuningTableWithProtobuf(const std::string& path,                  \
+                                   const qawb::QAWB##Stem& table) {          \
+    SaveProtobuf(path, table);                                               \
+  }                                                                          \
+  bool ReadQAWB##Stem##WithJson(const std::string& path,                     \
+                                qawb::QAWB##Stem& table) {                   \
+    return ReadJson(path, table);                                            \
+  }                                                                          \
+  bool ReadQAWB##Stem##FromProtobuf(const std::string& path,                 \
+                                    qawb::QAWB##Stem& table) {               \
+    return ReadProtobuf(path, table);                                        \
   }
-
-PROTOMSG_DEFINE_TUNING_FILES(QAWBBasicTuningTable)
-PROTOMSG_DEFINE_TUNING_FILES(QAWBAdvanceTuningTable)
-PROTOMSG_DEFINE_TUNING_FILES(QAWBColorControlTuningTable)
-PROTOMSG_DEFINE_TUNING_FILES(QAWBFeatureTuningTable)
+QAWB_TUNING_TABLES(PROTOMSG_INTERNAL_DEFINE_TUNING_FILES)
+#undef PROTOMSG_INTERNAL_DEFINE_TUNING_FILES
 
 }  // namespace protomsg
