@@ -9,7 +9,8 @@ export CCACHE_BASEDIR := $(CURDIR)
 export CCACHE_NOHASHDIR := 1
 
 .PHONY: all deps configure build run test clean bench sanitize fuzz \
-	install-check package package-check test-arm64 abi-check abi-update
+	install-check package package-check test-arm64 abi-check abi-update \
+	coverage
 
 all: build
 
@@ -70,6 +71,19 @@ fuzz: deps
 		-DQ3A_BUILD_TESTS=OFF -DQ3A_BUILD_BENCHMARKS=OFF $(CMAKE_FLAGS) >/dev/null
 	@cmake --build $(FUZZ_DIR) --target fuzz_all
 	@fuzz/run $(FUZZ_DIR) $(FUZZ_SECONDS)
+
+# Line and branch coverage of the library and of the tool, with Debian's
+# gcovr, in a build of its own (see scripts/coverage-report). Counts from an
+# earlier run are removed first; the tests must pass.
+COVERAGE_DIR ?= build-coverage
+coverage:
+	@scripts/install-deps coverage
+	@cmake -S . -B $(COVERAGE_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release \
+		-DQ3A_COVERAGE=ON -DQ3A_BUILD_BENCHMARKS=OFF $(CMAKE_FLAGS) >/dev/null
+	@cmake --build $(COVERAGE_DIR)
+	@find $(COVERAGE_DIR) -name '*.gcda' -delete
+	@ctest --test-dir $(COVERAGE_DIR) --output-on-failure -j 2
+	@scripts/coverage-report $(COVERAGE_DIR)
 
 # Installs into a scratch prefix and builds the example consumer against it,
 # through the CMake package and through pkg-config.

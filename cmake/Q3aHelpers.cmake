@@ -6,6 +6,14 @@ if(Q3A_SANITIZERS)
   add_link_options(-fsanitize=${Q3A_SANITIZERS})
 endif()
 
+# Coverage (make coverage): unoptimised, so the lines and branches counted
+# are the source's; counters updated atomically, so that the threads of one
+# test do not lose counts (which gcov then reports as negative).
+if(Q3A_COVERAGE)
+  add_compile_options(--coverage -O0 -fprofile-update=atomic)
+  add_link_options(--coverage)
+endif()
+
 # Warnings as errors on our own code (generated protobuf code stays out).
 # GCC 12 at -O3 reports a false -Wrestrict inside std::string concatenation
 # (GCC bug 105329), so that one stays a warning.
