@@ -1,6 +1,7 @@
 #include <google/protobuf/arena.h>
 #include <google/protobuf/util/json_util.h>
 
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -95,6 +96,12 @@ void RegisterFor(Content content) {
       benchmark::DoNotOptimize(
           q3a_coordinator::LoadQawbTuningFromFile(files, fixed));
     }
+    std::int64_t bytes = 0;
+    for (const auto& [key, path] : files) {
+      bytes += static_cast<std::int64_t>(ReadFile(path).size());
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) *
+                            bytes);
   });
 
   // The same loader with protobuf's JSON path in place of the direct one.

@@ -1,13 +1,16 @@
 #include <google/protobuf/arena.h>
 #include <google/protobuf/util/json_util.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "bench/bench_tables.h"
 #include "bench/registration.h"
 #include "protomsg/internal/json_options.h"
+#include "protomsg/internal/json_writer.h"
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_files.h"
 
@@ -41,6 +44,13 @@ void PlainWrite(const std::string& path, const std::string& bytes) {
   std::fclose(file);
 }
 
+// Reports the rate of a benchmark that reads or writes the file at `path`
+// once an iteration.
+void SetFileBytes(benchmark::State& state, const std::string& path) {
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) *
+                          static_cast<std::int64_t>(ReadFile(path).size()));
+}
+
 void RegisterPlainFileIo(const std::string& write_name,
                          const std::string& read_name, std::string path,
                          std::string bytes) {
@@ -57,6 +67,26 @@ void RegisterPlainFileIo(const std::string& write_name,
       std::fclose(file);
     }
   });
+}
+
+// `text` with 20 zeros after every decimal fraction, as a spreadsheet that
+// writes 20 decimals prints the same values.
+std::string LongDecimals(std::string_view text) {
+  std::string out;
+  bool in_string = false;
+  bool fraction = false;
+  for (const char c : text) {
+    const bool digit = c >= '0' && c <= '9';
+    if (fraction && !digit) {
+      out += "00000000000000000000";
+      fraction = false;
+    }
+    if (c == '"') in_string = !in_string;
+    if (!in_string && c == '.') fraction = true;
+    if (c == 'e' || c == 'E') fraction = false;
+    out += c;
+  }
+  return out;
 }
 
 template <typename Table>
@@ -76,6 +106,7 @@ void RegisterJson(Content content) {
              const std::string path = FilePath<Table>("out.json", content);
              for (auto _ : state)
                protomsg::SaveTuningTableWithJson(path, table);
+             SetFileBytes(state, path);
            });
   Register(BenchmarkName<Table>("json_print", content),
            [content](benchmark::State& state) {
@@ -97,6 +128,32 @@ void RegisterJson(Content content) {
                if (!TableTraits<Table>::kReadJson(path, *record)) {
                  state.SkipWithError("JSON reader failed");
                }
+             }
+             SetFileBytes(state, path);
+           });
+  Register(BenchmarkName<Table>("json_read_long", content),
+           [content](benchmark::State& state) {
+             const std::string path = FilePath<Table>("long.json", content);
+             std::string text;
+             protomsg::internal::PrintJson(TableContent<Table>(content), text);
+             PlainWrite(path, LongDecimals(text));
+             auto record = std::make_unique<Table>();
+             for (auto _ : state) {
+               if (!TableTraits<Table>::kReadJson(path, *record)) {
+                 state.SkipWithError("JSON reader failed");
+               }
+             }
+             SetFileBytes(state, path);
+           });
+  Register(BenchmarkName<Table>("json_parse_long_heap", content),
+           [content](benchmark::State& state) {
+             std::string text;
+             protomsg::internal::PrintJson(TableContent<Table>(content), text);
+             text = LongDecimals(text);
+             for (auto _ : state) {
+               Message message;
+               benchmark::DoNotOptimize(util::JsonStringToMessage(
+                   text, &message, TuningFileParseOptions()));
              }
            });
   Register(BenchmarkName<Table>("json_parse_heap", content),

@@ -4,10 +4,11 @@
 // top-level fields, a whitespace style, a list of structural mutations at
 // numbered values of the writer's form of that table (drop, duplicate,
 // reorder, camelCase or escape keys; null, wrong types, other spellings of
-// numbers and enum names; shorter and longer lists; unknown keys) and a few
-// byte edits of the resulting text. The library's reader must then agree
-// with JsonStringToMessage followed by ConvertToStruct: same true/false, the
-// same record bytes on true, the record untouched on false.
+// numbers and enum names; a number of one of the hard families of
+// tests/support/number_spellings.h; shorter and longer lists; unknown keys)
+// and a few byte edits of the resulting text. The library's reader must then
+// agree with JsonStringToMessage followed by ConvertToStruct: same true/false,
+// the same record bytes on true, the record untouched on false.
 #include <fuzzer/FuzzedDataProvider.h>
 #include <google/protobuf/util/json_util.h>
 
@@ -32,6 +33,7 @@
 #include "protomsg/internal/message_for.h"
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_table_traits.h"
+#include "tests/support/number_spellings.h"
 
 namespace {
 
@@ -49,6 +51,7 @@ enum MutationKind : std::uint8_t {
   kEscapeKey,
   kShuffleKeys,
   kUnknownKey,
+  kSpellNumber,
   kKindCount,
 };
 
@@ -253,6 +256,16 @@ class Emitter {
         text = protomsg::internal::WidenScalar(field) ? "true" : "false";
       } else {
         text = std::to_string(static_cast<std::int32_t>(field));
+      }
+      if (mutation != nullptr && mutation->kind == kSpellNumber) {
+        auto pick = [this](int lo, int hi) {
+          return script_.ConsumeIntegralInRange(lo, hi);
+        };
+        text = q3a_test::SpellNumber(
+            static_cast<q3a_test::NumberFamily>(
+                mutation->param %
+                static_cast<int>(q3a_test::NumberFamily::kCount)),
+            pick);
       }
       if (mutation != nullptr && mutation->kind == kRespell) {
         if constexpr (std::is_same_v<Field, float>) {

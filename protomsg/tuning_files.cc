@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <string>
@@ -146,6 +147,9 @@ bool ReadJson(const std::string& path, Table& table) {
   const std::optional<std::size_t> size =
       ReadFile(path, "r", simdjson::SIMDJSON_PADDING, buffers.text);
   if (!size.has_value() || *size == 0) return false;
+  // The buffer still holds the end of a longer file read before; simdjson
+  // may take a bracket there for the one a cut-off text lacks.
+  std::memset(buffers.text.data() + *size, 0, simdjson::SIMDJSON_PADDING);
   auto scratch = std::make_unique<Table>(table);
   if (internal::ReadCanonicalJson(
           buffers.parser,

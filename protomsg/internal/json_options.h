@@ -8,14 +8,33 @@
 
 namespace protomsg::internal {
 
+// How the tuning files are printed. The direct writer (json_writer.h) prints
+// this form itself and checks at compile time that it is the one set here.
+struct TuningFilePrintForm {
+  bool add_whitespace;
+  bool always_print_primitive_fields;
+  bool always_print_enums_as_ints;
+  bool preserve_proto_field_names;
+};
+
 // Indented, every scalar printed even when 0, enum values by name, the
 // schema's snake_case field names.
+inline constexpr TuningFilePrintForm kTuningFilePrintForm = {
+    .add_whitespace = true,
+    .always_print_primitive_fields = true,
+    .always_print_enums_as_ints = false,
+    .preserve_proto_field_names = true,
+};
+
 inline google::protobuf::util::JsonPrintOptions TuningFilePrintOptions() {
   google::protobuf::util::JsonPrintOptions options;
-  options.add_whitespace = true;
-  options.always_print_primitive_fields = true;
-  options.always_print_enums_as_ints = false;
-  options.preserve_proto_field_names = true;
+  options.add_whitespace = kTuningFilePrintForm.add_whitespace;
+  options.always_print_primitive_fields =
+      kTuningFilePrintForm.always_print_primitive_fields;
+  options.always_print_enums_as_ints =
+      kTuningFilePrintForm.always_print_enums_as_ints;
+  options.preserve_proto_field_names =
+      kTuningFilePrintForm.preserve_proto_field_names;
   return options;
 }
 

@@ -4,17 +4,18 @@
 // and TuningFileParseOptions() and then calling ConvertToStruct gives.
 //
 // It takes the forms the writer prints and those people commonly write: any
-// key order and whitespace, snake_case or lowerCamelCase names, numbers in
-// any JSON form for float fields (read as a double, then narrowed, as
-// protobuf does), plain integers for the sint32 fields, enum values by name,
-// arrays longer than the record holds (the rest are still checked). Anything
-// it is not certain of protobuf's answer for makes it return false without
-// deciding: duplicate keys, `null`, escapes in keys or enum names, numbers
-// as strings, "NaN" and the infinities, integers with a fraction or an
-// exponent, enum values as numbers, float values beyond the float range,
-// integers from 2^53 up read into float fields, unknown keys, anything that
-// is not strict JSON, invalid UTF-8, text after the object. The caller then
-// asks protobuf. On false `record` is partly written and must be discarded.
+// key order and whitespace, snake_case or lowerCamelCase names, enum values
+// by name, arrays longer than the record holds (the rest are still checked),
+// and every number protobuf takes without quotes, for float and integer
+// fields alike. simdjson only finds the structure: a number's value comes
+// from its token text, read as protobuf reads it (json_number.h), never
+// from simdjson's number parsing. Anything it is not certain of protobuf's
+// answer for makes it return false without deciding: duplicate keys,
+// `null`, escapes in keys or enum names, numbers and booleans as strings,
+// "NaN" and the infinities, enum values as numbers, unknown keys, anything
+// that is not strict JSON, invalid UTF-8, text after the object. The caller
+// then asks protobuf, which also refuses what the reader finds out of range.
+// On false `record` is partly written and must be discarded.
 #ifndef PROTOMSG_INTERNAL_JSON_READER_H_
 #define PROTOMSG_INTERNAL_JSON_READER_H_
 
@@ -22,15 +23,16 @@
 
 #include <array>
 #include <bitset>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <type_traits>
 
 #include "awb_records/record_description.h"
 #include "protomsg/internal/field_codec.h"
+#include "protomsg/internal/json_number.h"
 #include "protomsg/internal/json_writer.h"
 #include "protomsg/internal/message_for.h"
 #include "protomsg/internal/wire_format.h"
@@ -145,13 +147,14 @@ class JsonRecordReader {
     return true;
   }
 
-  // Whether a number token has a fraction or an exponent, which is what
-  // makes protobuf parse it as a double rather than as an integer.
-  static bool IsFloatingToken(std::string_view token) {
-    for (const char c : token) {
-      if (c == '.' || c == 'e' || c == 'E') return true;
+  // A scalar's text: simdjson's token without the whitespace after it.
+  static std::string_view ScalarText(ondemand::value& value) {
+    std::string_view token = value.raw_json_token();
+    while (!token.empty() && (token.back() == ' ' || token.back() == '\n' ||
+                              token.back() == '\r' || token.back() == '\t')) {
+      token.remove_suffix(1);
     }
-    return false;
+    return token;
   }
 
   template <typename Record>
@@ -207,41 +210,23 @@ class JsonRecordReader {
     } else if constexpr (kIsFrameSummary<Element>) {
       return ReadFrameSummary(value, element);
     } else if constexpr (std::is_same_v<Element, float>) {
-      return ReadFloat(value, element);
+      const auto number = ParseJsonNumber(ScalarText(value));
+      const auto narrowed = number ? JsonNumberToFloat(*number) : std::nullopt;
+      if (!narrowed) return false;
+      element = *narrowed;
+      return true;
     } else if constexpr (std::is_same_v<Element, bool>) {
-      bool flag;
-      if (value.get_bool().get(flag)) return false;
-      element = flag;
+      const std::string_view text = ScalarText(value);
+      if (text != "true" && text != "false") return false;
+      element = text.size() == 4;
       return true;
     } else {
-      if (IsFloatingToken(value.raw_json_token())) return false;
-      std::int64_t number;
-      if (value.get_int64().get(number) || number < INT32_MIN ||
-          number > INT32_MAX) {
-        return false;
-      }
-      element = NarrowScalar<Element>(static_cast<std::int32_t>(number));
+      const auto number = ParseJsonNumber(ScalarText(value));
+      const auto integer = number ? JsonNumberToInt32(*number) : std::nullopt;
+      if (!integer) return false;
+      element = NarrowScalar<Element>(*integer);
       return true;
     }
-  }
-
-  // Protobuf parses a number with a fraction or exponent as a double and
-  // narrows it to float, refusing values that would become infinite; it
-  // parses any other number as a 64-bit integer and converts that. Below
-  // 2^53 the double holds such an integer exactly, so both agree with
-  // narrowing simdjson's correctly rounded double (with "-0" as +0).
-  static bool ReadFloat(ondemand::value value, float& element) {
-    const bool floating = IsFloatingToken(value.raw_json_token());
-    double number;
-    if (value.get_double().get(number)) return false;
-    if (!floating) {
-      if (!(std::fabs(number) < 0x1p53)) return false;
-      number += 0.0;  // -0 is the integer 0
-    }
-    const float narrowed = static_cast<float>(number);
-    if (std::isinf(narrowed)) return false;
-    element = narrowed;
-    return true;
   }
 
   static bool ReadFrameSummary(ondemand::value value,

@@ -3,7 +3,8 @@
 // MessageToJsonString with TuningFilePrintOptions() gives for the message
 // that ConvertToMessage fills from `record`.
 //
-// That text, as protobuf 3.21 prints it: an object per message with one
+// That text, with the options of json_options.h, as protobuf 3.21 prints
+// it: an object per message with one
 // field per line in field-number order, indented one space per level,
 // `"name": value` with the schema's snake_case names; every array at full
 // capacity, one element per line (`[]` when empty); floats in the shortest
@@ -26,9 +27,21 @@
 
 #include "awb_records/record_description.h"
 #include "protomsg/internal/field_codec.h"
+#include "protomsg/internal/json_options.h"
 #include "protomsg/record_conversions.h"
 
 namespace protomsg::internal {
+
+// The one form this writer prints; a change of the options must come with
+// a writer for the new form.
+static_assert(kTuningFilePrintForm.add_whitespace,
+              "the writer prints indented text");
+static_assert(kTuningFilePrintForm.always_print_primitive_fields,
+              "the writer prints every scalar");
+static_assert(!kTuningFilePrintForm.always_print_enums_as_ints,
+              "the writer prints enum values by name");
+static_assert(kTuningFilePrintForm.preserve_proto_field_names,
+              "the writer prints the schema's field names");
 
 // The longest text one float takes: `"-Infinity"`, or a %.9g form such as
 // -1.17549435e-38.

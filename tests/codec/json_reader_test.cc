@@ -15,6 +15,7 @@
 #include "protomsg/internal/json_options.h"
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_files.h"
+#include "protomsg/tuning_table_traits.h"
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
 
@@ -27,27 +28,35 @@ struct JsonCase {
   const char* text;
 };
 
-class AdvanceJsonReader : public ::testing::TestWithParam<JsonCase> {};
-
-TEST_P(AdvanceJsonReader, MatchesJsonStringToMessage) {
+// Reads `text` as a file into a table of `Table` with the library's reader
+// and with protobuf: the same verdict and the same bytes (on failure, the
+// start values) in both.
+template <typename Table>
+void ExpectReadAsProtobuf(const std::string& text) {
   q3a_test::ScopedTempDir dir;
   const std::string path = dir.File("table.json");
-  std::ofstream(path) << GetParam().text;
+  std::ofstream(path) << text;
 
-  const auto start = q3a_test::MakeRecord<qawb::QAWBAdvanceTuningTable>(6);
-  auto read = std::make_unique<qawb::QAWBAdvanceTuningTable>(*start);
-  auto expected = std::make_unique<qawb::QAWBAdvanceTuningTable>(*start);
-  const bool ok = protomsg::ReadQAWBAdvanceTuningTableWithJson(path, *read);
+  const auto start = q3a_test::MakeRecord<Table>(6);
+  auto read = std::make_unique<Table>(*start);
+  auto expected = std::make_unique<Table>(*start);
+  const bool ok = protomsg::TuningTableTraits<Table>::kReadJson(path, *read);
 
-  qawb::tuning::QAWBAdvanceTuningTable message;
+  typename protomsg::TuningTableTraits<Table>::Message message;
   const bool parsed =
-      util::JsonStringToMessage(GetParam().text, &message,
+      util::JsonStringToMessage(text, &message,
                                 protomsg::internal::TuningFileParseOptions())
           .ok();
   if (parsed) protomsg::ConvertToStruct(message, *expected);
 
   EXPECT_EQ(ok, parsed);
   EXPECT_TRUE(q3a_test::SameBytes(*read, *expected));
+}
+
+class AdvanceJsonReader : public ::testing::TestWithParam<JsonCase> {};
+
+TEST_P(AdvanceJsonReader, MatchesJsonStringToMessage) {
+  ExpectReadAsProtobuf<qawb::QAWBAdvanceTuningTable>(GetParam().text);
 }
 
 // The special colour group list holds 4 groups in the record.
@@ -150,5 +159,95 @@ INSTANTIATE_TEST_SUITE_P(
                      {"bv_stats_trust_info": {"stats_type":
                      {"target_region": "kQAWBFrameSummaryTypeBlue"}}}}})"}),
     [](const auto& info) { return std::string(info.param.name); });
+
+// Texts that reach the simdjson defects fixed after Debian's 3.0.1, each
+// through the basic table's file reader; the names give the upstream issue.
+// Numbers never come from simdjson's number parsing, bools are compared as
+// text, the padding is cleared, and the rest goes to protobuf.
+class SimdjsonDefects : public ::testing::TestWithParam<JsonCase> {};
+
+TEST_P(SimdjsonDefects, ReadAsProtobufReadsThem) {
+  ExpectReadAsProtobuf<qawb::QAWBBasicTuningTable>(GetParam().text);
+}
+
+std::string Nested(int depth) {
+  return R"({"stats_resize": {"crop_maximum_ratio": )" +
+         std::string(depth, '[') + std::string(depth, ']') + "}}";
+}
+
+const std::string kDeep = Nested(5000);
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, SimdjsonDefects,
+    ::testing::Values(
+        // 2093: a decimal whose digits overflow 64 bits with integer part 0.
+        JsonCase{
+            "i2093_twenty_decimals",
+            R"({"stats_resize": {"crop_maximum_ratio": 0.50000000000000000000}})"},
+        JsonCase{
+            "i2093_long_fraction",
+            R"({"stats_resize": {"crop_maximum_ratio": 0.734375000000000000000000000005}})"},
+        JsonCase{"i2093_with_exponent",
+                 R"({"initial_gain": {"r_gain": -0.95000000000000000000e1}})"},
+        // 2099: many digits through the number API.
+        JsonCase{"i2099_float",
+                 R"({"initial_gain": {"r_gain": 1000000000.000000001}})"},
+        JsonCase{
+            "i2099_integer",
+            R"({"stats_resize": {"zoom_crop_enable_flag": 1000000000.000000001}})"},
+        // 2045 and 1415: integers at the root and past 64 bits.
+        JsonCase{"i2045_root_number", "123456789012345678901234567890"},
+        JsonCase{"i2045_root_negative", "-1"},
+        JsonCase{
+            "i1415_int64_overflow",
+            R"({"stats_resize": {"zoom_crop_enable_flag": 9223372036854775808}})"},
+        JsonCase{"i2791_twenty_digits",
+                 R"({"initial_gain": {"g_gain": 99999999999999999999}})"},
+        // 1981 and 2354: literals with a byte more, and spaces after.
+        JsonCase{"i1981_false_and_a_letter",
+                 R"({"luminance_weight_table": {"mask_list": [falseA]}})"},
+        JsonCase{
+            "i1981_true_and_a_digit",
+            R"({"luminance_weight_table": {"mask_list": [true1, false]}})"},
+        JsonCase{"i2354_spaces_after_true",
+                 "{\"luminance_weight_table\": {\"mask_list\": [true   \r\n\t, "
+                 "false   ]}}"},
+        // 1909 and 2258: null misspelt.
+        JsonCase{"i2258_nul",
+                 R"({"stats_resize": {"zoom_crop_enable_flag": nul}})"},
+        JsonCase{"i2258_nullx", R"({"initial_gain": {"r_gain": nullx}})"},
+        // 1977 and 1974: text after the object; the object cut short.
+        JsonCase{"i1977_trailing_word", R"({"version": {"major": 1}} foo)"},
+        JsonCase{"i1977_trailing_brace", R"({"version": {"major": 1}} foo })"},
+        JsonCase{"i1977_trailing_bracket", R"({"version": {"major": 1}} ])"},
+        JsonCase{"i1974_cut_short", R"({"version": {"major": 111)"},
+        JsonCase{"i1974_cut_in_list",
+                 R"({"luminance_weight_table": {"mask_list": [true, false)"},
+        // 1870: escapes that decode to invalid UTF-8.
+        JsonCase{"i1870_lone_surrogate_key", R"({"vers\ud800ion": {}})"},
+        JsonCase{
+            "i1870_lone_surrogate_value",
+            R"({"grey_final_trust_level_list": {"bv_stats_trust_info": {"stats_type": {"target_region": "\udc00"}}}})"},
+        // 1903: nesting past any depth limit.
+        JsonCase{"i1903_deep_nesting", kDeep.c_str()}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// 1834: simdjson may take a bracket in the padding after the text for the
+// one a cut-off text lacks. The reader's buffer is reused, so the bytes
+// after a short file are the end of a longer one read before on the thread.
+TEST(SimdjsonDefects, I1834LeftoverBracketAfterCutOffText) {
+  const std::string whole =
+      R"({"luminance_weight_table": {"mask_list": [true, false]}})";
+  for (std::size_t cut = 1; cut <= 3; ++cut) {
+    q3a_test::ScopedTempDir dir;
+    std::ofstream(dir.File("whole.json")) << whole;
+    auto table = q3a_test::MakeRecord<qawb::QAWBBasicTuningTable>(2);
+    ASSERT_TRUE(protomsg::ReadQAWBBasicTuningTableWithJson(
+        dir.File("whole.json"), *table));
+    SCOPED_TRACE(cut);
+    ExpectReadAsProtobuf<qawb::QAWBBasicTuningTable>(
+        whole.substr(0, whole.size() - cut));
+  }
+}
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <variant>
 
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
+#include "tests/support/number_spellings.h"
+#include "tests/support/spelled_tables.h"
 #include "tools/q3a_tuning/lint/json_diagnosis.h"
 
 namespace q3a_tool {
@@ -164,6 +166,40 @@ TEST(LocateJsonFailure, PrefersTheSyntaxErrorAndFallsBackToTheStart) {
   EXPECT_EQ(fits.position.line, 1);
   EXPECT_EQ(fits.position.column, 1);
 }
+
+// The document reader and the schema check take exactly the unquoted
+// numbers protobuf takes, in a float and in a sint32 field: the tool then
+// locates a refused number where the library refuses it.
+class JsonNumberSpellings : public testing::TestWithParam<int> {};
+
+TEST_P(JsonNumberSpellings, FitWhereProtobufTakesThem) {
+  const auto* descriptor = qawb::tuning::QAWBBasicTuningTable::descriptor();
+  for (const std::string& spelling : q3a_test::FamilySpellings(
+           static_cast<q3a_test::NumberFamily>(GetParam()), 1, 200)) {
+    if (spelling[0] == '"') continue;
+    for (const std::string& text :
+         {R"({"initial_gain": {"r_gain": )" + spelling + "}}",
+          R"({"initial_cct": )" + spelling + "}"}) {
+      qawb::tuning::QAWBBasicTuningTable message;
+      const bool taken =
+          google::protobuf::util::JsonStringToMessage(text, &message).ok();
+      const auto parsed = ParseJsonDocument(text);
+      const auto* document = std::get_if<JsonDocument>(&parsed);
+      const bool fits =
+          document != nullptr &&
+          !FindSchemaProblem(document->root(), *descriptor).has_value();
+      EXPECT_EQ(fits, taken) << text;
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Families, JsonNumberSpellings,
+    testing::Range(0, static_cast<int>(q3a_test::NumberFamily::kCount)),
+    [](const auto& info) {
+      return std::string(
+          q3a_test::kNumberFamilyNames[static_cast<std::size_t>(info.param)]);
+    });
 
 }  // namespace
 }  // namespace q3a_tool

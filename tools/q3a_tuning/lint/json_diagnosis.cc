@@ -8,6 +8,7 @@
 #include <limits>
 #include <variant>
 
+#include "protomsg/internal/json_number.h"
 #include "tools/q3a_tuning/io/nearest_name.h"
 
 namespace q3a_tool {
@@ -44,6 +45,22 @@ bool ScalarFits(const JsonValue& value, const FieldDescriptor& field,
     case FieldDescriptor::CPPTYPE_INT64:
     case FieldDescriptor::CPPTYPE_UINT32:
     case FieldDescriptor::CPPTYPE_UINT64: {
+      if (field.cpp_type() == FieldDescriptor::CPPTYPE_INT32 &&
+          value.type() == Type::kNumber) {
+        // Unquoted, as the library reads it.
+        const auto number = protomsg::internal::ParseJsonNumber(value.text());
+        if (number && protomsg::internal::JsonNumberToInt32(*number)) {
+          return true;
+        }
+        detail =
+            number &&
+                    number->kind ==
+                        protomsg::internal::JsonNumber::Kind::kDouble &&
+                    number->double_value != std::floor(number->double_value)
+                ? "expected an integer, not a fraction"
+                : "integer does not fit 32 bits";
+        return false;
+      }
       const std::optional<double> number = NumberOf(value);
       if (!number) {
         detail = "expected an integer";
@@ -62,6 +79,15 @@ bool ScalarFits(const JsonValue& value, const FieldDescriptor& field,
       return true;
     }
     case FieldDescriptor::CPPTYPE_FLOAT:
+      if (value.type() == Type::kNumber) {
+        const auto number = protomsg::internal::ParseJsonNumber(value.text());
+        if (number && protomsg::internal::JsonNumberToFloat(*number)) {
+          return true;
+        }
+        detail = "beyond the range of a float";
+        return false;
+      }
+      [[fallthrough]];
     case FieldDescriptor::CPPTYPE_DOUBLE:
       if (NumberOf(value) ||
           (value.type() == Type::kString && IsFloatWord(value.text()))) {

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <utility>
 
+#include "protomsg/internal/json_number.h"
 #include "tools/q3a_tuning/lint/json_string.h"
 
 namespace q3a_tool {
@@ -27,11 +28,6 @@ bool IsKeyStart(char c) {
          c == '$';
 }
 bool IsKeyChar(char c) { return IsKeyStart(c) || IsDigit(c); }
-
-bool IsNumberChar(char c) {
-  return IsDigit(c) || c == '.' || c == 'e' || c == 'E' || c == '+' ||
-         c == '-';
-}
 
 // Hands out contiguous runs of T from a few large blocks.
 template <typename T>
@@ -278,23 +274,19 @@ class JsonDocumentParser {
     escapes_.clear();
   }
 
+  // The token and its verdict are the library's (json_number.h), so the
+  // tool refuses exactly the numbers the library's reader refuses.
   bool ParseNumber(JsonValue& value) {
     value.type_ = JsonValue::Type::kNumber;
     const char* first = at_;
-    if (Peek() == '-') ++at_;
-    if (!IsDigit(Peek())) return Fail("expected a digit");
-    bool plain = true;  // digits only: from_chars cannot fail on them
-    while (at_ < end_ && IsNumberChar(*at_)) {
-      plain = plain && IsDigit(*at_);
-      ++at_;
-    }
-    SetText(value, std::string_view(first, at_ - first));
-    if (plain) return true;
-    double parsed = 0;
-    const auto [end, error] = std::from_chars(first, at_, parsed);
-    if ((error != std::errc() && error != std::errc::result_out_of_range) ||
-        end != at_) {
-      error_ = {value.position(), "malformed number"};
+    const std::string_view token(
+        first, protomsg::internal::JsonNumberTokenLength(std::string_view(
+                   first, static_cast<std::size_t>(end_ - first))));
+    at_ = first + token.size();
+    SetText(value, token);
+    if (!protomsg::internal::ParseJsonNumber(token)) {
+      error_ = {value.position(),
+                "malformed number, or one beyond the range of a double"};
       return false;
     }
     return true;
