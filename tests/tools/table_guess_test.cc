@@ -1,8 +1,6 @@
 // Which table a file holds: every table written by the library's writers is
 // named as itself in both formats and refused as any other, a container
 // dump is named as such, and what fits several tables is not guessed.
-#include "tools/q3a_tuning/io/table_guess.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -12,6 +10,7 @@
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/tuning_binary_file.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 
 namespace q3a_tool {
 namespace {

@@ -1,8 +1,6 @@
 // Validation of what the library swallows beyond a JSON file's text: binary
 // files cut short, tables of zeros, and tuning binary files of bytes that
 // were never tables.
-#include "tools/q3a_tuning/lint/validate.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -14,8 +12,9 @@
 #include "tests/support/file_bytes.h"
 #include "tests/tools/wire_fields.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
-#include "tools/q3a_tuning/io/plausibility.h"
 #include "tools/q3a_tuning/io/registry_view.h"
+#include "tools/q3a_tuning/lint/plausibility.h"
+#include "tools/q3a_tuning/lint/validate.h"
 
 namespace q3a_tool {
 namespace {

@@ -17,9 +17,9 @@
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/io/table_guess.h"
 #include "tools/q3a_tuning/io/tuning_binary_file.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 #include "tuning/qawb/load_qawb_tuning_from_file.h"
 
 namespace q3a_tool {

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "tools/q3a_tuning/commands/table_sources.h"
-#include "tools/q3a_tuning/io/table_guess.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 #include "tools/q3a_tuning/plot/plot_model.h"
 
 namespace q3a_tool {

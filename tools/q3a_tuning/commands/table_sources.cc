@@ -2,10 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <variant>
+
 #include "coordinator/tuning_map.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/registry_view.h"
-#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/json_document.h"
+#include "tools/q3a_tuning/lint/plausibility.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 
 namespace q3a_tool {
 
@@ -114,6 +118,72 @@ Result<TableKind> OperandKind(const TableOperand& operand,
   const Result<FileFormat> format = InputFormat(operand.file, operand.from);
   if (!format.ok()) return format.error();
   return ResolveTable(operand.file, *format, table_option);
+}
+
+Result<TableKind> ParseTableOption(std::string_view text) {
+  if (const std::optional<TableKind> kind = ParseTableKind(text)) return *kind;
+  return ToolError{
+      fmt::format("--table: '{}' is not a table: use {}", text, TableNames()),
+      kExitUsage};
+}
+
+Result<FileFormat> ResolveFormat(const std::string& path,
+                                 const std::string& format_option) {
+  if (!format_option.empty()) {
+    if (const auto format = ParseFileFormat(format_option)) return *format;
+    return ToolError{fmt::format("'{}' is not a format: use json or binary",
+                                 format_option),
+                     kExitUsage};
+  }
+  if (const auto format = FormatFromPath(path)) return *format;
+  return ToolError{
+      fmt::format("{}: cannot tell the format from the name (.json, .pb or "
+                  ".bin); give --from/--to json|binary",
+                  path),
+      kExitUsage};
+}
+
+Result<TableKind> ResolveTable(const std::string& path, FileFormat format,
+                               const std::string& table_option,
+                               TableGuess* guess_out) {
+  const Result<std::string> content = ReadInputFile(path);
+  if (!content.ok()) return content.error();
+  if (!table_option.empty()) {
+    const Result<TableKind> kind = ParseTableOption(table_option);
+    if (!kind.ok()) return kind;
+    if (auto refused = CheckTableFits(path, *content, format, *kind)) {
+      return *refused;
+    }
+    return kind;
+  }
+  if (content->empty() && format == FileFormat::kJson) {
+    return ToolError{fmt::format("{}: the file is empty", path)};
+  }
+  const TableGuess guess = GuessTable(*content, format);
+  if (guess_out != nullptr) *guess_out = guess;
+  if (guess.kind) return *guess.kind;
+  // A syntax error reads the same whichever table the file was meant to be.
+  if (format == FileFormat::kJson &&
+      std::holds_alternative<JsonSyntaxError>(ParseJsonDocument(*content))) {
+    return ToolError{DescribeReadFailure(path, format, TableKind::kBasic)};
+  }
+  return ToolError{fmt::format("{}: {}", path, guess.note)};
+}
+
+std::optional<ToolError> ReadTuningBinaryFile(const std::string& path,
+                                              qawb::MutableQAWBTuning& tuning) {
+  const Result<TuningBinaryFileInfo> info = InspectTuningBinaryFile(path);
+  if (!info.ok()) return info.error();
+  if (!info->size_ok) {
+    return ToolError{fmt::format(
+        "{}: {} bytes, but a tuning binary file has exactly {}", path,
+        info->size, qawb::MutableQAWBTuning::kTuningBinaryFileSize)};
+  }
+  if (!info->Plausible()) return ToolError{info->ImplausibleText(path)};
+  if (!tuning.ReadFromFile(path)) {
+    return ToolError{path + ": the container refused the file"};
+  }
+  return std::nullopt;
 }
 
 }  // namespace q3a_tool

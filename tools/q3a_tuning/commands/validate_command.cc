@@ -14,7 +14,7 @@
 #include "tools/q3a_tuning/commands/commands.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 #include "tools/q3a_tuning/lint/validate.h"
 
 namespace q3a_tool {

@@ -5,9 +5,7 @@
 #include <cstring>
 #include <memory>
 
-#include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/io/plausibility.h"
 
 namespace q3a_tool {
 namespace {
@@ -43,7 +41,7 @@ std::optional<ToolError> WriteTuningBinaryFile(
   return WriteOutputFile(path, bytes, output);
 }
 
-TuningBinaryFileInfo InspectTuningBinaryContent(std::string_view content) {
+TuningBinaryFileInfo ReadTuningBinaryHeads(std::string_view content) {
   TuningBinaryFileInfo info;
   info.size = content.size();
   info.size_ok = info.size == qawb::MutableQAWBTuning::kTuningBinaryFileSize;
@@ -60,31 +58,9 @@ TuningBinaryFileInfo InspectTuningBinaryContent(std::string_view content) {
       std::memcpy(&version, content.data() + offset, sizeof(version));
       head.version = version;
     }
-    if (offset + head.size <= content.size()) {
-      head.implausible =
-          FindImplausibleValues(kind, content.substr(offset, head.size));
-    }
     offset += head.size;
   }
   return info;
-}
-
-Result<TuningBinaryFileInfo> InspectTuningBinaryFile(const std::string& path) {
-  const Result<std::string> content = ReadInputFile(path);
-  if (!content.ok()) return content.error();
-  return InspectTuningBinaryContent(*content);
-}
-
-bool LooksLikeTuningBinaryFile(std::string_view content) {
-  const TuningBinaryFileInfo info = InspectTuningBinaryContent(content);
-  if (!info.size_ok) return false;
-  for (const TableHead& head : info.tables) {
-    if (!head.version ||
-        !PlausibleVersion(head.version->major, head.version->minor)) {
-      return false;
-    }
-  }
-  return true;
 }
 
 bool TuningBinaryFileInfo::Plausible() const {

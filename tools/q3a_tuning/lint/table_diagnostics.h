@@ -8,10 +8,10 @@
 #include <string_view>
 
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/lint/json_document.h"
 #include "tools/q3a_tuning/io/problem.h"
 #include "tools/q3a_tuning/io/table_file.h"
-#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/json_document.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 
 namespace q3a_tool {
 

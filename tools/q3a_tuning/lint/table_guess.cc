@@ -1,4 +1,4 @@
-#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 
 #include <fmt/format.h>
 #include <google/protobuf/unknown_field_set.h>
@@ -9,10 +9,8 @@
 #include <vector>
 
 #include "protomsg/record_conversions.h"
-#include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/io/plausibility.h"
-#include "tools/q3a_tuning/io/tuning_binary_file.h"
 #include "tools/q3a_tuning/lint/json_document.h"
+#include "tools/q3a_tuning/lint/plausibility.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
 
 namespace q3a_tool {
@@ -235,29 +233,6 @@ std::string TableMismatch(std::string_view name, TableKind is,
                      TableName(expected));
 }
 
-Result<TableKind> ParseTableOption(std::string_view text) {
-  if (const std::optional<TableKind> kind = ParseTableKind(text)) return *kind;
-  return ToolError{
-      fmt::format("--table: '{}' is not a table: use {}", text, TableNames()),
-      kExitUsage};
-}
-
-Result<FileFormat> ResolveFormat(const std::string& path,
-                                 const std::string& format_option) {
-  if (!format_option.empty()) {
-    if (const auto format = ParseFileFormat(format_option)) return *format;
-    return ToolError{fmt::format("'{}' is not a format: use json or binary",
-                                 format_option),
-                     kExitUsage};
-  }
-  if (const auto format = FormatFromPath(path)) return *format;
-  return ToolError{
-      fmt::format("{}: cannot tell the format from the name (.json, .pb or "
-                  ".bin); give --from/--to json|binary",
-                  path),
-      kExitUsage};
-}
-
 std::optional<ToolError> CheckTableFits(const std::string& path,
                                         std::string_view content,
                                         FileFormat format, TableKind kind) {
@@ -269,33 +244,6 @@ std::optional<ToolError> CheckTableFits(const std::string& path,
     return ToolError{TableMismatch(path, *guess.kind, kind), kExitFailure};
   }
   return std::nullopt;
-}
-
-Result<TableKind> ResolveTable(const std::string& path, FileFormat format,
-                               const std::string& table_option,
-                               TableGuess* guess_out) {
-  const Result<std::string> content = ReadInputFile(path);
-  if (!content.ok()) return content.error();
-  if (!table_option.empty()) {
-    const Result<TableKind> kind = ParseTableOption(table_option);
-    if (!kind.ok()) return kind;
-    if (auto refused = CheckTableFits(path, *content, format, *kind)) {
-      return *refused;
-    }
-    return kind;
-  }
-  if (content->empty() && format == FileFormat::kJson) {
-    return ToolError{fmt::format("{}: the file is empty", path)};
-  }
-  const TableGuess guess = GuessTable(*content, format);
-  if (guess_out != nullptr) *guess_out = guess;
-  if (guess.kind) return *guess.kind;
-  // A syntax error reads the same whichever table the file was meant to be.
-  if (format == FileFormat::kJson &&
-      std::holds_alternative<JsonSyntaxError>(ParseJsonDocument(*content))) {
-    return ToolError{DescribeReadFailure(path, format, TableKind::kBasic)};
-  }
-  return ToolError{fmt::format("{}: {}", path, guess.note)};
 }
 
 }  // namespace q3a_tool

@@ -1,4 +1,4 @@
-#include "tools/q3a_tuning/io/plausibility.h"
+#include "tools/q3a_tuning/lint/plausibility.h"
 
 #include <fmt/format.h>
 
@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "protomsg/record_conversions.h"
+#include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/record_walk.h"
 #include "tools/q3a_tuning/io/table_file.h"
 #include "tools/q3a_tuning/lint/lint.h"
@@ -118,6 +119,35 @@ int CountImplausibleValues(const Message& table) {
         reflection.GetInt32(head, descriptor->FindFieldByName("minor")));
   }
   return implausible;
+}
+
+TuningBinaryFileInfo InspectTuningBinaryContent(std::string_view content) {
+  TuningBinaryFileInfo info = ReadTuningBinaryHeads(content);
+  for (TableHead& head : info.tables) {
+    if (head.offset + head.size <= content.size()) {
+      head.implausible = FindImplausibleValues(
+          head.kind, content.substr(head.offset, head.size));
+    }
+  }
+  return info;
+}
+
+Result<TuningBinaryFileInfo> InspectTuningBinaryFile(const std::string& path) {
+  const Result<std::string> content = ReadInputFile(path);
+  if (!content.ok()) return content.error();
+  return InspectTuningBinaryContent(*content);
+}
+
+bool LooksLikeTuningBinaryFile(std::string_view content) {
+  const TuningBinaryFileInfo info = ReadTuningBinaryHeads(content);
+  if (!info.size_ok) return false;
+  for (const TableHead& head : info.tables) {
+    if (!head.version ||
+        !PlausibleVersion(head.version->major, head.version->minor)) {
+      return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace q3a_tool
