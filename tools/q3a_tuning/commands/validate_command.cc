@@ -14,6 +14,8 @@
 #include "tools/q3a_tuning/commands/commands.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
+#include "tools/q3a_tuning/io/json_text.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 #include "tools/q3a_tuning/lint/table_guess.h"
 #include "tools/q3a_tuning/lint/validate.h"
 
@@ -32,7 +34,13 @@ struct ValidateOptions {
 int ValidateOne(const std::string& path, const ValidateOptions& options,
                 const qawb::QAWBTuning* built_in,
                 std::vector<Problem>& all_problems) {
-  if (auto refused = CheckInputFile(path)) return ReportError(*refused);
+  const auto unreadable = [&](const ToolError& error) {
+    all_problems.push_back({path, 0, 0, "", lint_rule::kUnreadable,
+                            error.message.substr(std::min(
+                                error.message.size(), path.size() + 2))});
+    return ReportError(error);
+  };
+  if (auto refused = CheckInputFile(path)) return unreadable(*refused);
   const Result<FileFormat> format = ResolveFormat(path, options.format);
   if (!format.ok()) return ReportError(format.error());
   // A --table that names another table than the file holds is a
@@ -44,14 +52,15 @@ int ValidateOne(const std::string& path, const ValidateOptions& options,
   if (!kind.ok()) {
     if (kind.error().exit_code == kExitUsage) return ReportError(kind.error());
     all_problems.push_back(
-        {path, 0, 0, "", guess.container_dump ? "wrong-table" : "rejected",
+        {path, 0, 0, "",
+         guess.container_dump ? lint_rule::kWrongTable : lint_rule::kRejected,
          kind.error().message.substr(
              std::min(kind.error().message.size(), path.size() + 2))});
     return ReportError(kind.error());
   }
   const ValidationReport report =
       ValidateTableFile(path, *format, *kind, built_in, options.compact);
-  if (report.unreadable) return ReportError(*report.unreadable);
+  if (report.unreadable) return unreadable(*report.unreadable);
   all_problems.insert(all_problems.end(), report.problems.begin(),
                       report.problems.end());
   if (!report.accepted) {
@@ -82,6 +91,27 @@ int ValidateOne(const std::string& path, const ValidateOptions& options,
                    : fmt::format("{} finding(s)", report.problems.size()));
   }
   return report.problems.empty() ? kExitOk : kExitFailure;
+}
+
+// The lint's rules, one "name  summary" line each, or a JSON array of
+// {name, summary}.
+void PrintLintRules(bool json) {
+  if (!json) {
+    for (const LintRuleInfo& info : kLintRules) {
+      fmt::print("{:<16} {}\n", info.name, info.summary);
+    }
+    return;
+  }
+  JsonText text;
+  text.BeginArray();
+  for (const LintRuleInfo& info : kLintRules) {
+    text.BeginObject();
+    text.Key("name").String(info.name);
+    text.Key("summary").String(info.summary);
+    text.EndObject();
+  }
+  text.EndArray();
+  fmt::print("{}\n", text.Text());
 }
 
 int RunValidate(const ValidateOptions& options) {
@@ -126,6 +156,15 @@ void AddValidateCommand(CLI::App& app, int& exit_code) {
   command->add_flag("--json", options->json,
                     "Findings as a JSON array (file, line, column, path, "
                     "rule, message)");
+  // Runs before the files are required, as --version does.
+  command->add_flag_callback(
+      "--list-rules",
+      [options] {
+        PrintLintRules(options->json);
+        throw CLI::Success();
+      },
+      "Print the lint's rules (name and summary; a JSON array with --json) "
+      "and exit");
   command->footer(
       "Example:\n  q3a-tuning validate feature.json --key 0,-1,1,0,-1");
   command->callback(

@@ -9,6 +9,7 @@
 #include <variant>
 
 #include "tools/q3a_tuning/io/nearest_name.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 
 namespace q3a_tool {
 namespace {
@@ -170,7 +171,7 @@ JsonLocation LocateJsonFailure(std::string_view text,
   for (const JsonLeniency& leniency : leniencies) {
     if (!RefusedByTheLibrary(leniency)) continue;
     return JsonLocation{leniency.position, "",
-                        leniency.rule == "comment"
+                        leniency.rule == lint_rule::kComment
                             ? "a comment: JSON has none, and the library's "
                               "reader refuses it"
                             : "a byte-order mark, which the library's reader "

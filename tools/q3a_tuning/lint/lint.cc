@@ -8,6 +8,7 @@
 
 #include "tools/q3a_tuning/io/count_rules.h"
 #include "tools/q3a_tuning/io/field_limits.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 
 namespace q3a_tool {
 namespace {
@@ -87,7 +88,7 @@ void CheckCount(const CountRule& rule, int count, const CountedList& list,
         {count_path,
          fmt::format("{} is {}: a count cannot be negative", rule.count_field,
                      count),
-         "count"});
+         lint_rule::kCount});
     return;
   }
   if (count > entries_in_use) {
@@ -95,7 +96,7 @@ void CheckCount(const CountRule& rule, int count, const CountedList& list,
         {count_path,
          fmt::format("{} is {} but {} holds at most {} entries",
                      rule.count_field, count, list.path, entries_in_use),
-         "count"});
+         lint_rule::kCount});
     return;
   }
   // Full capacity is how the writers emit every list; longer lists are
@@ -109,7 +110,7 @@ void CheckCount(const CountRule& rule, int count, const CountedList& list,
                      "override)",
                      rule.count_field, count, list.given, expected,
                      Range("value", list.given, expected - 1)),
-         "count"});
+         lint_rule::kCount});
   } else if (list.given > expected) {
     findings.push_back(
         {list.path,
@@ -117,7 +118,7 @@ void CheckCount(const CountRule& rule, int count, const CountedList& list,
                      "are not used",
                      list.given, rule.count_field, count,
                      list.given - expected),
-         "count"});
+         lint_rule::kCount});
   }
 }
 
@@ -189,7 +190,7 @@ class Linter {
            fmt::format("{} entries given but the table holds {}: {} dropped",
                        size, limit->capacity,
                        Range("entry", limit->capacity, size - 1)),
-           "over-capacity"});
+           lint_rule::kOverCapacity});
     }
     if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
       for (int i = 0; i < kept; ++i) {
@@ -227,7 +228,7 @@ class Linter {
                                                             "of kinds"
                                                           : "-1 "
                                                             "(invalid)"),
-           "frame-summary"});
+           lint_rule::kFrameSummary});
       return;
     }
     if (limit == nullptr || !limit->narrow ||
@@ -242,7 +243,7 @@ class Linter {
         {path, fmt::format("{} does not fit the record's {} field; it is "
                            "stored as {}",
                            value, limit->type_name, limit->stored(value)),
-         "narrow-integer"});
+         lint_rule::kNarrowInteger});
   }
 
   std::vector<Finding> findings_;
@@ -278,7 +279,7 @@ void FindAbsentFields(const Message& message, const std::string& path,
         findings.push_back({"version",
                             "the file has no version: the table reads "
                             "version 0.0",
-                            "missing-version"});
+                            lint_rule::kMissingVersion});
       } else {
         absent.push_back(field.name());
       }
@@ -289,7 +290,7 @@ void FindAbsentFields(const Message& message, const std::string& path,
   }
   if (!absent.empty()) {
     findings.push_back(
-        {path, MissingFieldsText(absent, path), "missing-fields"});
+        {path, MissingFieldsText(absent, path), lint_rule::kMissingFields});
   }
 }
 

@@ -11,6 +11,7 @@
 #include "tools/q3a_tuning/io/record_walk.h"
 #include "tools/q3a_tuning/io/table_file.h"
 #include "tools/q3a_tuning/lint/lint.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 
 namespace q3a_tool {
 namespace {
@@ -79,7 +80,7 @@ std::vector<std::string> ImplausibleRecord(const Record& table) {
   // The message carries every list whole, so the count rule speaks only of
   // counts below zero or above the capacity.
   for (const Finding& finding : LintTableMessage(message)) {
-    if (finding.rule == "count") {
+    if (finding.rule == lint_rule::kCount) {
       found.push_back(finding.path + ": " + finding.message);
     }
   }

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "tools/q3a_tuning/lint/json_diagnosis.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 
 namespace q3a_tool {
 namespace {
@@ -40,10 +41,10 @@ std::string SchemaReason(const std::string& protobuf_reason,
 
 Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
                             TableKind kind) {
-  Problem problem{path, 0, 0, "", "rejected", ""};
+  Problem problem{path, 0, 0, "", lint_rule::kRejected, ""};
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) {
-    problem.rule = "unreadable";
+    problem.rule = lint_rule::kUnreadable;
     problem.message = content.error().message.substr(path.size() + 2);
     return problem;
   }

@@ -12,6 +12,7 @@
 #include "tools/q3a_tuning/lint/json_document.h"
 #include "tools/q3a_tuning/lint/json_lint.h"
 #include "tools/q3a_tuning/lint/lint.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
 
 namespace q3a_tool {
@@ -47,10 +48,11 @@ std::vector<Finding> LintReadTable(const Record& table, bool has_version,
   if (ReadsAsZero(table)) {
     findings.push_back({"", "every value of the table is 0: the algorithm "
                             "would run on nothing",
-                        "all-zero"});
+                        lint_rule::kAllZero});
   }
   if (has_version && version.major == 0 && version.minor == 0) {
-    findings.push_back({"version", "the version is 0.0", "zero-version"});
+    findings.push_back(
+        {"version", "the version is 0.0", lint_rule::kZeroVersion});
   }
   const Record* reference =
       built_in != nullptr ? qawb::GetTable<Record>(*built_in) : nullptr;
@@ -63,7 +65,7 @@ std::vector<Finding> LintReadTable(const Record& table, bool has_version,
                      "version {}",
                      VersionString(version), TableTraits<Record>::kName,
                      VersionString(reference->version)),
-         "version-mismatch"});
+         lint_rule::kVersionMismatch});
   }
   return findings;
 }
@@ -111,7 +113,7 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
   }
   if (auto refused = CheckTableFits(path, *content, format, kind)) {
     report.problems.push_back(
-        {path, 0, 0, "", "wrong-table",
+        {path, 0, 0, "", lint_rule::kWrongTable,
          refused->message.substr(path.size() + 2)});
     return report;
   }
@@ -150,11 +152,12 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
     }
     if (compact) {
       std::erase_if(findings, [](const Finding& finding) {
-        return finding.rule == "missing-fields";
+        return finding.rule == lint_rule::kMissingFields;
       });
     } else {
-      report.reads_like_compact = HasRule(findings, "missing-fields") &&
-                                  InCompactForm<Record>(message);
+      report.reads_like_compact =
+          HasRule(findings, lint_rule::kMissingFields) &&
+          InCompactForm<Record>(message);
     }
     for (const Finding& finding : CollapseFindings(std::move(findings))) {
       Problem problem{path, 0, 0, finding.path, finding.rule, finding.message};
