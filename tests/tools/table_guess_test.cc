@@ -25,23 +25,23 @@ TEST_P(TableGuessTest, NamesEveryDefaultTableAndRefusesTheOthers) {
   ASSERT_TRUE(result.errors.empty());
   const std::vector<std::string>& written = result.written;
   for (std::size_t i = 0; i < written.size(); ++i) {
-    const TableKind kind = kAllTableKinds[i];
+    const qawb::TableId kind = kAllTableIds[i];
     const Result<std::string> content = ReadInputFile(written[i]);
     ASSERT_TRUE(content.ok());
     const TableGuess guess = GuessTable(*content, GetParam());
     ASSERT_TRUE(guess.kind.has_value()) << written[i] << ": " << guess.note;
     EXPECT_EQ(*guess.kind, kind) << written[i];
     EXPECT_TRUE(guess.certain);
-    for (TableKind other : kAllTableKinds) {
+    for (qawb::TableId other : kAllTableIds) {
       const auto refused =
           CheckTableFits(written[i], *content, GetParam(), other);
       EXPECT_EQ(refused.has_value(), other != kind) << written[i];
       if (refused) {
         EXPECT_THAT(refused->message,
-                    testing::HasSubstr(std::string("this is ") +
-                                       (kind == TableKind::kAdvance ? "an "
-                                                                    : "a ") +
-                                       std::string(TableName(kind))));
+                    testing::HasSubstr(
+                        std::string("this is ") +
+                        (kind == qawb::TableId::kAdvance ? "an " : "a ") +
+                        std::string(TableName(kind))));
       }
     }
   }

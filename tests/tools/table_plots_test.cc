@@ -104,8 +104,9 @@ TEST(TablePlots, EveryRegisteredTableLaysOutSoundly) {
     const auto& tuning = *static_cast<const qawb::QAWBTuning*>(r.object);
     const std::string key = FormatTuningKey(r.key);
     qawb::ForEachTable([&]<typename Record>() {
-      CheckTable(*qawb::GetTable<Record>(tuning),
-                 key + " " + std::string(TableTraits<Record>::kName));
+      CheckTable(
+          *qawb::GetTable<Record>(tuning),
+          key + " " + std::string(protomsg::TuningTableTraits<Record>::kName));
     });
   }
   EXPECT_GT(containers, 0);

@@ -28,7 +28,7 @@ std::vector<std::string> Rules(const ValidationReport& report) {
   return rules;
 }
 
-class TableTest : public testing::TestWithParam<TableKind> {
+class TableTest : public testing::TestWithParam<qawb::TableId> {
  protected:
   q3a_test::ScopedTempDir dir_;
 };
@@ -84,9 +84,8 @@ void ZeroEveryKind(Message& message) {
 
 // A file of zeros, kinds written as the message's zero, whatever the table.
 TEST_P(TableTest, ZerosEverywhereAreAllZero) {
-  VisitTableKind(GetParam(), [&](auto type) {
-    using Record = typename decltype(type)::type;
-    typename TableTraits<Record>::Message message;
+  qawb::VisitTable(GetParam(), [&]<typename Record>() {
+    typename protomsg::TuningTableTraits<Record>::Message message;
     protomsg::ConvertToMessage(*MakeZeroedTable<Record>(), message);
     ZeroEveryKind(message);
     for (FileFormat format : {FileFormat::kJson, FileFormat::kBinary}) {
@@ -113,8 +112,7 @@ TEST_P(TableTest, OnlyRealTablesArePlausible) {
       containers.push_back(static_cast<const qawb::QAWBTuning*>(r.object));
     }
   }
-  VisitTableKind(GetParam(), [&](auto type) {
-    using Record = typename decltype(type)::type;
+  qawb::VisitTable(GetParam(), [&]<typename Record>() {
     for (const qawb::QAWBTuning* container : containers) {
       const Record* table = qawb::GetTable<Record>(*container);
       EXPECT_THAT(FindImplausibleValues(GetParam(), q3a_test::BytesOf(*table)),
@@ -128,8 +126,7 @@ TEST_P(TableTest, OnlyRealTablesArePlausible) {
   });
 }
 
-INSTANTIATE_TEST_SUITE_P(Tables, TableTest,
-                         testing::ValuesIn(kAllTableKinds),
+INSTANTIATE_TEST_SUITE_P(Tables, TableTest, testing::ValuesIn(kAllTableIds),
                          [](const auto& info) {
                            return std::string(TableName(info.param));
                          });

@@ -44,7 +44,7 @@ int RunConvert(const ConvertOptions& options) {
   if (auto refused = CheckOutputPath(options.output, write.output)) {
     return ReportError(*refused);
   }
-  const Result<TableKind> kind =
+  const Result<qawb::TableId> kind =
       ResolveTable(options.input, *from, options.table);
   if (!kind.ok()) return ReportError(kind.error());
   // The record keeps only what fits; say so before it is lost.
@@ -60,8 +60,7 @@ int RunConvert(const ConvertOptions& options) {
   for (const Problem& problem : report.problems) {
     fmt::print(stderr, "warning: {}\n", ProblemText(problem));
   }
-  return VisitTableKind(*kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     if (auto error = LoadTableFile(options.input, *from, *table)) {
       return ReportError(*error);

@@ -37,24 +37,24 @@ ToolError Trouble(ToolError error) {
 
 // The table both operands hold: named by --table or a container operand,
 // else guessed from the files, which must agree.
-Result<TableKind> CommonTable(const TableOperand& a, const TableOperand& b,
-                              const std::string& table_option) {
-  std::optional<TableKind> kind;
+Result<qawb::TableId> CommonTable(const TableOperand& a, const TableOperand& b,
+                                  const std::string& table_option) {
+  std::optional<qawb::TableId> kind;
   if (!table_option.empty()) {
-    const Result<TableKind> named = ParseTableOption(table_option);
+    const Result<qawb::TableId> named = ParseTableOption(table_option);
     if (!named.ok()) return named;
     kind = *named;
   }
   // A container operand names its table; files are checked against it.
   if (!kind) kind = a.kind ? a.kind : b.kind;
   for (const TableOperand* operand : {&a, &b}) {
-    std::optional<TableKind> own = operand->kind;
+    std::optional<qawb::TableId> own = operand->kind;
     if (!own && !operand->file.empty()) {
       const Result<FileFormat> format =
           InputFormat(operand->file, operand->from);
       if (!format.ok()) return format.error();
-      const Result<TableKind> guessed =
-          ResolveTable(operand->file, *format, kind ? std::string(TableName(*kind)) : "");
+      const Result<qawb::TableId> guessed = ResolveTable(
+          operand->file, *format, kind ? std::string(TableName(*kind)) : "");
       if (!guessed.ok()) return guessed.error();
       own = *guessed;
     }
@@ -109,10 +109,9 @@ int RunDiff(const DiffOptions& options) {
   const Result<TableOperand> b =
       ParseTableOperand(options.b, *defaults, options.from);
   if (!b.ok()) return ReportError(b.error());
-  const Result<TableKind> kind = CommonTable(*a, *b, options.table);
+  const Result<qawb::TableId> kind = CommonTable(*a, *b, options.table);
   if (!kind.ok()) return ReportError(Trouble(kind.error()));
-  return VisitTableKind(*kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto old_table = MakeZeroedTable<Record>();
     auto new_table = MakeZeroedTable<Record>();
     for (auto [operand, table] :

@@ -26,13 +26,12 @@ int RunGet(const GetOptions& options) {
   const Result<TableOperand> operand =
       ParseTableOperand(options.input, *defaults, options.from);
   if (!operand.ok()) return ReportError(operand.error());
-  const Result<TableKind> kind = OperandKind(*operand, options.table);
+  const Result<qawb::TableId> kind = OperandKind(*operand, options.table);
   if (!kind.ok()) return ReportError(kind.error());
-  return VisitTableKind(*kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     if (auto error = LoadOperand(*operand, *table)) return ReportError(*error);
-    typename TableTraits<Record>::Message message;
+    typename protomsg::TuningTableTraits<Record>::Message message;
     protomsg::ConvertToMessage(*table, message);
     const Result<std::string> value = GetValueJson(message, options.path);
     if (!value.ok()) return ReportError(value.error());

@@ -17,7 +17,7 @@ namespace {
 std::string TablesColumn(const qawb::QAWBTuning& tuning,
                          const AwbTableLabels& labels) {
   std::string column;
-  for (TableKind kind : kAllTableKinds) {
+  for (qawb::TableId kind : kAllTableIds) {
     const std::optional<qawb::QAWBParameterVersion> version =
         TableVersion(tuning, kind);
     column += fmt::format("  {} {:<3} {:<5}", TableName(kind),
@@ -47,7 +47,7 @@ void PrintTable(const std::vector<Registration>& registrations,
   for (const Registration& r : registrations) {
     if (r.node != q3a_api::kAwb) continue;
     const auto& tuning = *static_cast<const qawb::QAWBTuning*>(r.object);
-    for (TableKind kind : kAllTableKinds) {
+    for (qawb::TableId kind : kAllTableIds) {
       const void* table = TablePointer(tuning, kind);
       if (std::find(seen.begin(), seen.end(), table) != seen.end()) continue;
       seen.push_back(table);
@@ -83,7 +83,7 @@ void PrintJson(const std::vector<Registration>& registrations,
     if (r.node == q3a_api::kAwb) {
       const auto& tuning = *static_cast<const qawb::QAWBTuning*>(r.object);
       json.Key("tables").BeginObject();
-      for (TableKind kind : kAllTableKinds) {
+      for (qawb::TableId kind : kAllTableIds) {
         const void* table = TablePointer(tuning, kind);
         const auto version = TableVersion(tuning, kind);
         json.Key(TableName(kind)).BeginObject();

@@ -32,9 +32,10 @@ struct LoadOptions {
 };
 
 // The setter the loader names in its DEBUG line for each table.
-std::string_view SetterName(TableKind kind) {
-  return qawb::VisitTable(
-      kind, []<typename Record>() { return TableTraits<Record>::kSetterName; });
+std::string_view SetterName(qawb::TableId kind) {
+  return qawb::VisitTable(kind, []<typename Record>() {
+    return protomsg::TuningTableTraits<Record>::kSetterName;
+  });
 }
 
 std::string_view SeverityLetter(android::base::LogSeverity severity) {
@@ -46,7 +47,7 @@ std::string_view SeverityLetter(android::base::LogSeverity severity) {
 }
 
 // Why the loader did not take `path` as the `kind` table.
-std::string WhyNotLoaded(const std::string& path, TableKind kind) {
+std::string WhyNotLoaded(const std::string& path, qawb::TableId kind) {
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) return content.error().message;
   if (auto refused = CheckTableFits(path, *content, FileFormat::kJson, kind)) {
@@ -66,7 +67,7 @@ int RunLoad(const LoadOptions& options) {
   for (const std::string& assignment : options.assignments) {
     const std::size_t equals = assignment.find('=');
     const std::string name = assignment.substr(0, equals);
-    if (equals == std::string::npos || !ParseTableKind(name)) {
+    if (equals == std::string::npos || !qawb::FindTable(name)) {
       return ReportError(
           {fmt::format("'{}': expected TABLE=PATH with TABLE one of {} (the "
                        "loader would silently ignore any other name)",
@@ -116,7 +117,7 @@ int RunLoad(const LoadOptions& options) {
     return ReportError({"the loader returned no container", kExitFailure});
   }
   int status = kExitOk;
-  for (TableKind kind : kAllTableKinds) {
+  for (qawb::TableId kind : kAllTableIds) {
     const std::string version = VersionString(*TableVersion(*result, kind));
     const auto file = files.find(std::string(TableName(kind)));
     if (file == files.end()) {

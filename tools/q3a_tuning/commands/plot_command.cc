@@ -51,9 +51,9 @@ std::optional<ToolError> CheckPictureName(const std::string& output) {
 }
 
 int RunPlot(const PlotOptions& options) {
-  if (!options.table.empty() && !ParseTableKind(options.table)) {
-    return ReportError({"--table: use basic, advance, color or feature",
-                        kExitUsage});
+  if (!options.table.empty()) {
+    const Result<qawb::TableId> named = ParseTableOption(options.table);
+    if (!named.ok()) return ReportError(named.error());
   }
   if (auto refused = CheckPictureName(options.output)) {
     return ReportError(*refused);
@@ -75,10 +75,10 @@ int RunPlot(const PlotOptions& options) {
   if (auto refused = CheckOutputPath(options.output, output)) {
     return ReportError(*refused);
   }
-  const Result<TableKind> kind = OperandKind(*operand, options.table);
+  const Result<qawb::TableId> kind = OperandKind(*operand, options.table);
   if (!kind.ok()) return ReportError(kind.error());
   if (against) {
-    const Result<TableKind> other =
+    const Result<qawb::TableId> other =
         OperandKind(*against, std::string(TableName(*kind)));
     if (!other.ok()) return ReportError(other.error());
     if (*other != *kind) {
@@ -86,8 +86,7 @@ int RunPlot(const PlotOptions& options) {
                                       TableName(*kind))});
     }
   }
-  return VisitTableKind(*kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     auto before = MakeZeroedTable<Record>();
     std::optional<ToolError> failure = LoadOperand(*operand, *table);
@@ -130,7 +129,7 @@ void AddPlotCommand(CLI::App& app, int& exit_code) {
   command->add_option("--against", options->against,
                       "An older table of the same kind to overlay");
   command->add_option("--table", options->table,
-                      "basic, advance, color or feature (guessed if omitted)");
+                      TableNames() + " (guessed if omitted)");
   AddFromOption(*command, options->from);
   command->add_option("-o,--output", options->output,
                       "SVG file to write; - for stdout")

@@ -19,7 +19,7 @@ namespace q3a_tool {
 
 // "basic table 3.1 from edited.json", "basic table 3.1 of container
 // 0,-1,1,0,-1", "default basic table 3.0".
-std::string DescribeTable(const TableOperand& operand, TableKind kind,
+std::string DescribeTable(const TableOperand& operand, qawb::TableId kind,
                           const qawb::QAWBParameterVersion& version);
 
 // Figures one under another in a single <svg>.

@@ -37,7 +37,7 @@ std::string Join(const std::vector<std::string>& parts) {
 }
 
 void AddRegistration(const qawb::QAWBTuning& container, ReportData& data,
-                     const std::map<TableKind, std::string>& files) {
+                     const std::map<qawb::TableId, std::string>& files) {
   const std::vector<Registration> registrations =
       ListRegistrations(q3a_coordinator::GetTuningMap());
   const AwbTableLabels labels(registrations);
@@ -51,7 +51,7 @@ void AddRegistration(const qawb::QAWBTuning& container, ReportData& data,
           NodeName(r.node), FormatTuningKey(r.key), r.label));
     }
   }
-  for (TableKind kind : kAllTableKinds) {
+  for (qawb::TableId kind : kAllTableIds) {
     const void* table = TablePointer(container, kind);
     const auto version = TableVersion(container, kind);
     const auto file = files.find(kind);
@@ -74,11 +74,12 @@ void AddRegistration(const qawb::QAWBTuning& container, ReportData& data,
 template <typename Record>
 void LintContainerTable(const Record& table, const std::string& source,
                         ReportData& data) {
-  typename TableTraits<Record>::Message message;
+  typename protomsg::TuningTableTraits<Record>::Message message;
   protomsg::ConvertToMessage(table, message);
   for (const Finding& f : LintTableMessage(message)) {
-    data.findings.push_back({std::string(TableTraits<Record>::kName), source,
-                             f.path + ": " + f.message});
+    data.findings.push_back(
+        {std::string(protomsg::TuningTableTraits<Record>::kName), source,
+         f.path + ": " + f.message});
   }
 }
 
@@ -92,11 +93,11 @@ int RunReport(const ReportOptions& options) {
     return ReportError(*error);
   }
   // Which table each file holds; two files for one table are refused.
-  std::map<TableKind, std::string> files;
+  std::map<qawb::TableId, std::string> files;
   for (const std::string& path : options.against) {
     const Result<FileFormat> format = InputFormat(path, options.from);
     if (!format.ok()) return ReportError(format.error());
-    const Result<TableKind> kind = ResolveTable(path, *format, "");
+    const Result<qawb::TableId> kind = ResolveTable(path, *format, "");
     if (!kind.ok()) return ReportError(kind.error());
     if (!files.emplace(*kind, path).second) {
       return ReportError(
@@ -109,10 +110,9 @@ int RunReport(const ReportOptions& options) {
   data.key = options.key;
   AddRegistration(container, data, files);
   const std::string container_name = "container " + options.key;
-  for (TableKind kind : kAllTableKinds) {
-    const std::optional<ToolError> failure =
-        VisitTableKind(kind, [&](auto type) -> std::optional<ToolError> {
-          using Record = typename decltype(type)::type;
+  for (qawb::TableId kind : kAllTableIds) {
+    const std::optional<ToolError> failure = qawb::VisitTable(
+        kind, [&]<typename Record>() -> std::optional<ToolError> {
           const Record* built_in = qawb::GetTable<Record>(container);
           if (built_in == nullptr) return std::nullopt;
           ReportSection section;

@@ -20,7 +20,7 @@ namespace {
 using qawb::MutableQAWBTuning;
 
 struct RestoreOptions {
-  std::map<TableKind, std::string> files;
+  std::map<qawb::TableId, std::string> files;
   std::string base;
   std::string key;
   std::string output;
@@ -49,16 +49,15 @@ int RunRestore(const RestoreOptions& options) {
     base_name = options.base;
   }
   std::vector<std::string> lines;
-  for (TableKind kind : kAllTableKinds) {
+  for (qawb::TableId kind : kAllTableIds) {
     const auto file = options.files.find(kind);
     std::string source = base_name;
     if (file != options.files.end()) {
       const Result<FileFormat> format =
           InputFormat(file->second, options.from);
       if (!format.ok()) return ReportError(format.error());
-      const std::optional<ToolError> error =
-          VisitTableKind(kind, [&](auto type) -> std::optional<ToolError> {
-            using Record = typename decltype(type)::type;
+      const std::optional<ToolError> error = qawb::VisitTable(
+          kind, [&]<typename Record>() -> std::optional<ToolError> {
             auto table = MakeZeroedTable<Record>();
             if (auto failed = LoadTableFile(file->second, *format, *table)) {
               return failed;
@@ -90,7 +89,7 @@ void AddRestoreCommand(CLI::App& app, int& exit_code) {
       "Build a tuning binary file from tuning files. Tables without a file "
       "come from --base, --key or the default tables; each file is read over "
       "a zeroed table, as the override loader does.");
-  for (TableKind kind : kAllTableKinds) {
+  for (qawb::TableId kind : kAllTableIds) {
     command->add_option_function<std::string>(
         "--" + std::string(TableName(kind)),
         [options, kind](const std::string& path) {

@@ -104,16 +104,15 @@ int RunSet(const SetOptions& options) {
     lock.emplace(std::move(*locked));
     write.output.unchanged_since = lock->stamp();
   }
-  const Result<TableKind> kind =
+  const Result<qawb::TableId> kind =
       ResolveTable(options.input, *from, options.table);
   if (!kind.ok()) return ReportError(kind.error());
-  return VisitTableKind(*kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     if (auto error = LoadTableFile(options.input, *from, *table)) {
       return ReportError(*error);
     }
-    typename TableTraits<Record>::Message message;
+    typename protomsg::TuningTableTraits<Record>::Message message;
     protomsg::ConvertToMessage(*table, message);
     const Result<std::vector<std::string>> changes =
         ApplyAssignments(message, options);

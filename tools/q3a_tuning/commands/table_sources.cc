@@ -45,8 +45,8 @@ Result<TableOperand> ParseTableOperand(std::string_view text,
   TableOperand operand;
   operand.name = std::string(text);
   operand.from = from;
-  auto table_of = [&](std::string_view name) -> Result<TableKind> {
-    if (const auto kind = ParseTableKind(name)) return *kind;
+  auto table_of = [&](std::string_view name) -> Result<qawb::TableId> {
+    if (const auto kind = qawb::FindTable(name)) return *kind;
     return ToolError{fmt::format("{}: '{}' is not a table: use {}",
                                  operand.name, name, TableNames()),
                      kExitUsage};
@@ -73,7 +73,7 @@ Result<TableOperand> ParseTableOperand(std::string_view text,
     operand.file = std::string(text);
     return operand;
   }
-  const Result<TableKind> kind = table_of(table_name);
+  const Result<qawb::TableId> kind = table_of(table_name);
   if (!kind.ok()) return kind.error();
   operand.kind = *kind;
   return operand;
@@ -112,16 +112,17 @@ Result<FileFormat> InputFormat(const std::string& path,
   return ResolveFormat(path, from);
 }
 
-Result<TableKind> OperandKind(const TableOperand& operand,
-                              const std::string& table_option) {
+Result<qawb::TableId> OperandKind(const TableOperand& operand,
+                                  const std::string& table_option) {
   if (operand.kind) return *operand.kind;
   const Result<FileFormat> format = InputFormat(operand.file, operand.from);
   if (!format.ok()) return format.error();
   return ResolveTable(operand.file, *format, table_option);
 }
 
-Result<TableKind> ParseTableOption(std::string_view text) {
-  if (const std::optional<TableKind> kind = ParseTableKind(text)) return *kind;
+Result<qawb::TableId> ParseTableOption(std::string_view text) {
+  if (const std::optional<qawb::TableId> kind = qawb::FindTable(text))
+    return *kind;
   return ToolError{
       fmt::format("--table: '{}' is not a table: use {}", text, TableNames()),
       kExitUsage};
@@ -143,13 +144,13 @@ Result<FileFormat> ResolveFormat(const std::string& path,
       kExitUsage};
 }
 
-Result<TableKind> ResolveTable(const std::string& path, FileFormat format,
-                               const std::string& table_option,
-                               TableGuess* guess_out) {
+Result<qawb::TableId> ResolveTable(const std::string& path, FileFormat format,
+                                   const std::string& table_option,
+                                   TableGuess* guess_out) {
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) return content.error();
   if (!table_option.empty()) {
-    const Result<TableKind> kind = ParseTableOption(table_option);
+    const Result<qawb::TableId> kind = ParseTableOption(table_option);
     if (!kind.ok()) return kind;
     if (auto refused = CheckTableFits(path, *content, format, *kind)) {
       return *refused;
@@ -165,7 +166,7 @@ Result<TableKind> ResolveTable(const std::string& path, FileFormat format,
   // A syntax error reads the same whichever table the file was meant to be.
   if (format == FileFormat::kJson &&
       std::holds_alternative<JsonSyntaxError>(ParseJsonDocument(*content))) {
-    return ToolError{DescribeReadFailure(path, format, TableKind::kBasic)};
+    return ToolError{DescribeReadFailure(path, format, qawb::TableId::kBasic)};
   }
   return ToolError{fmt::format("{}: {}", path, guess.note)};
 }

@@ -46,7 +46,7 @@ int ValidateOne(const std::string& path, const ValidateOptions& options,
   // A --table that names another table than the file holds is a
   // "wrong-table" finding of ValidateTableFile.
   TableGuess guess;
-  const Result<TableKind> kind =
+  const Result<qawb::TableId> kind =
       options.table.empty() ? ResolveTable(path, *format, "", &guess)
                             : ParseTableOption(options.table);
   if (!kind.ok()) {

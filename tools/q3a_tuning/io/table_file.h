@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/io/table_kind.h"
+#include "tools/q3a_tuning/io/table_id.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 
 namespace q3a_tool {

@@ -13,9 +13,8 @@ namespace {
 // The bytes the container's dump of `tuning` must hold.
 std::string ExpectedDump(const qawb::QAWBTuning& tuning) {
   std::string bytes;
-  for (TableKind kind : kAllTableKinds) {
-    VisitTableKind(kind, [&](auto type) {
-      using Record = typename decltype(type)::type;
+  for (qawb::TableId kind : kAllTableIds) {
+    qawb::VisitTable(kind, [&]<typename Record>() {
       const Record* table = qawb::GetTable<Record>(tuning);
       bytes.append(reinterpret_cast<const char*>(table), sizeof(Record));
     });
@@ -46,13 +45,13 @@ TuningBinaryFileInfo ReadTuningBinaryHeads(std::string_view content) {
   info.size = content.size();
   info.size_ok = info.size == qawb::MutableQAWBTuning::kTuningBinaryFileSize;
   std::size_t offset = 0;
-  for (std::size_t i = 0; i < kAllTableKinds.size(); ++i) {
-    const TableKind kind = kAllTableKinds[i];
+  for (std::size_t i = 0; i < kAllTableIds.size(); ++i) {
+    const qawb::TableId kind = kAllTableIds[i];
     TableHead& head = info.tables[i];
     head.kind = kind;
     head.offset = offset;
-    head.size = VisitTableKind(
-        kind, [](auto type) { return sizeof(typename decltype(type)::type); });
+    head.size = qawb::VisitTable(
+        kind, []<typename Record>() { return sizeof(Record); });
     if (offset + sizeof(qawb::QAWBParameterVersion) <= content.size()) {
       qawb::QAWBParameterVersion version;
       std::memcpy(&version, content.data() + offset, sizeof(version));

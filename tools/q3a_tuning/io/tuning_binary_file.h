@@ -14,13 +14,13 @@
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/io/table_kind.h"
+#include "tools/q3a_tuning/io/table_id.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 
 namespace q3a_tool {
 
 struct TableHead {
-  TableKind kind;
+  qawb::TableId kind;
   std::size_t offset;  // in the file
   std::size_t size;
   std::optional<qawb::QAWBParameterVersion> version;  // if the file reaches it

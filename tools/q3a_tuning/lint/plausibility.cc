@@ -75,7 +75,7 @@ std::vector<std::string> ImplausibleRecord(const Record& table) {
       }
     }
   });
-  typename TableTraits<Record>::Message message;
+  typename protomsg::TuningTableTraits<Record>::Message message;
   protomsg::ConvertToMessage(table, message);
   // The message carries every list whole, so the count rule speaks only of
   // counts below zero or above the capacity.
@@ -94,10 +94,9 @@ bool PlausibleVersion(long major, long minor) {
          minor <= kMaxVersionPart;
 }
 
-std::vector<std::string> FindImplausibleValues(TableKind kind,
+std::vector<std::string> FindImplausibleValues(qawb::TableId kind,
                                                std::string_view bytes) {
-  return VisitTableKind(kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     std::memcpy(static_cast<void*>(table.get()), bytes.data(),
                 std::min(bytes.size(), sizeof(Record)));

@@ -17,7 +17,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/q3a_tuning/io/table_kind.h"
+#include "tools/q3a_tuning/io/table_id.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 #include "tools/q3a_tuning/io/tuning_binary_file.h"
 
@@ -27,7 +27,7 @@ bool PlausibleVersion(long major, long minor);
 
 // "PATH: why" for every implausible value of the `kind` table whose record
 // bytes are `bytes` (exactly the record's size), in layout order.
-std::vector<std::string> FindImplausibleValues(TableKind kind,
+std::vector<std::string> FindImplausibleValues(qawb::TableId kind,
                                                std::string_view bytes);
 
 // For table identification: how many values of `table`, a message parsed

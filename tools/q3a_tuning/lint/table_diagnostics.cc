@@ -40,7 +40,7 @@ std::string SchemaReason(const std::string& protobuf_reason,
 }  // namespace
 
 Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
-                            TableKind kind) {
+                            qawb::TableId kind) {
   Problem problem{path, 0, 0, "", lint_rule::kRejected, ""};
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) {
@@ -52,8 +52,8 @@ Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
     problem.message = "the file is empty";
     return problem;
   }
-  VisitTableKind(kind, [&](auto type) {
-    typename TableTraits<typename decltype(type)::type>::Message message;
+  qawb::VisitTable(kind, [&]<typename Record>() {
+    typename protomsg::TuningTableTraits<Record>::Message message;
     const std::optional<ParseFailure> failure =
         ParseTableMessage(*content, format, message);
     if (!failure) {
@@ -81,7 +81,7 @@ Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
 }
 
 std::string DescribeReadFailure(const std::string& path, FileFormat format,
-                                TableKind kind) {
+                                qawb::TableId kind) {
   return ProblemText(DiagnoseReadFailure(path, format, kind));
 }
 

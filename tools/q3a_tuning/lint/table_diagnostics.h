@@ -19,11 +19,11 @@ namespace q3a_tool {
 // unreadable file, empty file, syntax error, unknown field (with the nearest
 // field name), bad enum name, invalid binary message. Rule "rejected".
 Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
-                            TableKind kind);
+                            qawb::TableId kind);
 
 // ProblemText of DiagnoseReadFailure.
 std::string DescribeReadFailure(const std::string& path, FileFormat format,
-                                TableKind kind);
+                                qawb::TableId kind);
 
 // The place of the value at `json_path` in a JSON document, or of the
 // nearest enclosing value the document has.
@@ -39,14 +39,14 @@ std::optional<ToolError> LoadTableFile(const std::string& path,
                                        FileFormat format, Record& table) {
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) return content.error();
-  if (auto refused =
-          CheckTableFits(path, *content, format, TableTraits<Record>::kId)) {
+  if (auto refused = CheckTableFits(path, *content, format,
+                                    protomsg::TuningTableTraits<Record>::kId)) {
     return refused;
   }
   auto scratch = MakeZeroedTable<Record>();
   if (!ReadTableFile(path, format, *scratch)) {
-    return ToolError{
-        DescribeReadFailure(path, format, TableTraits<Record>::kId)};
+    return ToolError{DescribeReadFailure(
+        path, format, protomsg::TuningTableTraits<Record>::kId)};
   }
   table = *scratch;
   return std::nullopt;

@@ -18,7 +18,7 @@
 namespace q3a_tool {
 
 struct TableGuess {
-  std::optional<TableKind> kind;  // the table that fits best, if one does
+  std::optional<qawb::TableId> kind;  // the table that fits best, if one does
   // `kind` fits and no other table fits as well, or, for a JSON file no
   // table takes, only `kind` has fields its keys name.
   bool certain = false;
@@ -29,15 +29,15 @@ struct TableGuess {
 TableGuess GuessTable(std::string_view content, FileFormat format);
 
 // "NAME: this is a basic table, not a color table".
-std::string TableMismatch(std::string_view name, TableKind is,
-                          TableKind expected);
+std::string TableMismatch(std::string_view name, qawb::TableId is,
+                          qawb::TableId expected);
 
 // Refuses `content` of `path` as a `kind` table when it certainly holds
 // another table ("this is a basic table, not a color table") or is a tuning
 // binary file. Exit code 1.
 std::optional<ToolError> CheckTableFits(const std::string& path,
                                         std::string_view content,
-                                        FileFormat format, TableKind kind);
+                                        FileFormat format, qawb::TableId kind);
 
 }  // namespace q3a_tool
 

@@ -63,7 +63,8 @@ std::vector<Finding> LintReadTable(const Record& table, bool has_version,
         {"version",
          fmt::format("version {} but the container's built-in {} table is "
                      "version {}",
-                     VersionString(version), TableTraits<Record>::kName,
+                     VersionString(version),
+                     protomsg::TuningTableTraits<Record>::kName,
                      VersionString(reference->version)),
          lint_rule::kVersionMismatch});
   }
@@ -83,7 +84,7 @@ bool InCompactForm(const google::protobuf::Message& message) {
       return false;
     }
   }
-  typename TableTraits<Record>::Message zero_form;
+  typename protomsg::TuningTableTraits<Record>::Message zero_form;
   protomsg::ConvertToMessage(*MakeZeroedTable<Record>(), zero_form);
   std::unique_ptr<google::protobuf::Message> compacted(message.New());
   compacted->CopyFrom(message);
@@ -102,7 +103,7 @@ bool HasRule(const std::vector<Finding>& findings, std::string_view rule) {
 }  // namespace
 
 ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
-                                   TableKind kind,
+                                   qawb::TableId kind,
                                    const qawb::QAWBTuning* built_in,
                                    bool compact) {
   ValidationReport report;
@@ -117,8 +118,7 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
          refused->message.substr(path.size() + 2)});
     return report;
   }
-  return VisitTableKind(kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     if (!ReadTableFile(path, format, *table)) {
       report.problems.push_back(DiagnoseReadFailure(path, format, kind));
@@ -127,7 +127,7 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
     report.accepted = true;
     report.version = VersionString(table->version);
 
-    typename TableTraits<Record>::Message message;
+    typename protomsg::TuningTableTraits<Record>::Message message;
     (void)ParseTableMessage(*content, format, message);
     std::vector<Finding> findings;
     std::optional<JsonDocument> document;

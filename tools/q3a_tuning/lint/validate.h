@@ -32,7 +32,7 @@ struct ValidationReport {
 // With `compact`, fields the file leaves out are meant (the compact form)
 // and not reported.
 ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
-                                   TableKind kind,
+                                   qawb::TableId kind,
                                    const qawb::QAWBTuning* built_in = nullptr,
                                    bool compact = false);
 
