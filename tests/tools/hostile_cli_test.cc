@@ -194,8 +194,14 @@ INSTANTIATE_TEST_SUITE_P(
                     {"validate", "{d}/p/basic.pb", "--table", "color"}, 1,
                     "this is a basic table, not a color table"},
         HostileCase{"ValidateContainerDump",
-                    {"validate", "{d}/dump.bin", "--table", "basic"}, 1,
-                    "this is a tuning binary file"},
+                    {"validate", "{d}/dump.bin", "--from", "binary", "--table",
+                     "basic"},
+                    1, "this is a tuning binary file"},
+        HostileCase{"ValidateBinNamesTheTuningBinaryFile",
+                    {"validate", "{d}/dump.bin"}, 2,
+                    "dump.bin: cannot tell the format from the name (.json or "
+                    ".pb; a .bin is a tuning binary file, for inspect, dump "
+                    "and restore --base); give --from/--to json|binary"},
         HostileCase{"ConvertFifo", {"convert", "{d}/fifo.json", "{d}/x.pb"}, 2,
                     "it is a FIFO"},
         HostileCase{"ConvertWrongTable",
@@ -398,7 +404,7 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"GetBackupWithoutFrom",
                     {"get", "{d}/feature.json~", "version"}, 2,
                     "feature.json~: cannot tell the format from the name "
-                    "(.json, .pb or .bin); give --from json"},
+                    "(.json or .pb); give --from json"},
         HostileCase{"GetBackupFrom",
                     {"get", "{d}/feature.json~", "version", "--from", "json"},
                     0, "", "\"major\": 3"},
@@ -421,7 +427,7 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"SetContainerTable",
                     {"set", "awb:0,-1,1,0,-1:feature", "version.minor=1"}, 2,
                     "awb:0,-1,1,0,-1:feature: set takes a tuning file (.json, "
-                    ".pb, .bin, or another name with --from), not a "
+                    ".pb, or another name with --from), not a "
                     "container's table; `q3a-tuning export --key 0,-1,1,0,-1 "
                     "-o DIR` writes"},
         HostileCase{"ConvertDefaultsTable",

@@ -6,7 +6,7 @@ CLI::Option* AddFromOption(CLI::App& command, std::string& from) {
   return command.add_option(
       "--from", from,
       "Format of the input tuning files, json or binary (from the name, "
-      ".json, .pb or .bin, if omitted)");
+      ".json or .pb, if omitted)");
 }
 
 }  // namespace q3a_tool

@@ -12,6 +12,24 @@
 #include "tools/q3a_tuning/lint/table_guess.h"
 
 namespace q3a_tool {
+namespace {
+
+// A usage error for a name that does not tell a tuning file's format; a
+// .bin is named as what the tool means by it.
+ToolError UnknownFormat(const std::string& path, std::string_view advice) {
+  return ToolError{
+      fmt::format("{}: cannot tell the format from the name (.json or .pb{}); "
+                  "{}",
+                  path,
+                  path.ends_with(".bin")
+                      ? "; a .bin is a tuning binary file, for inspect, dump "
+                        "and restore --base"
+                      : "",
+                  advice),
+      kExitUsage};
+}
+
+}  // namespace
 
 Result<const qawb::QAWBTuning*> RegisteredContainer(
     std::string_view key_text, std::string_view label) {
@@ -91,7 +109,7 @@ std::optional<ToolError> RequireFileOperand(std::string_view text,
   } else {
     return std::nullopt;
   }
-  return ToolError{fmt::format("{}: {} takes a tuning file (.json, .pb, .bin, "
+  return ToolError{fmt::format("{}: {} takes a tuning file (.json, .pb, "
                                "or another name with --from), not a "
                                "container's table; `{}` writes its tables as "
                                "files",
@@ -103,11 +121,7 @@ Result<FileFormat> InputFormat(const std::string& path,
                                const std::string& from) {
   if (auto refused = CheckInputFile(path)) return *refused;
   if (from.empty() && !FormatFromPath(path)) {
-    return ToolError{fmt::format("{}: cannot tell the format from the name "
-                                 "(.json, .pb or .bin); give --from json or "
-                                 "--from binary",
-                                 path),
-                     kExitUsage};
+    return UnknownFormat(path, "give --from json or --from binary");
   }
   return ResolveFormat(path, from);
 }
@@ -137,11 +151,7 @@ Result<FileFormat> ResolveFormat(const std::string& path,
                      kExitUsage};
   }
   if (const auto format = FormatFromPath(path)) return *format;
-  return ToolError{
-      fmt::format("{}: cannot tell the format from the name (.json, .pb or "
-                  ".bin); give --from/--to json|binary",
-                  path),
-      kExitUsage};
+  return UnknownFormat(path, "give --from/--to json|binary");
 }
 
 Result<qawb::TableId> ResolveTable(const std::string& path, FileFormat format,

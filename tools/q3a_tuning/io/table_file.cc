@@ -46,9 +46,7 @@ std::string SerializeTableMessage(const google::protobuf::Message& message,
 
 std::optional<FileFormat> FormatFromPath(std::string_view path) {
   if (EndsWith(path, ".json")) return FileFormat::kJson;
-  if (EndsWith(path, ".pb") || EndsWith(path, ".bin")) {
-    return FileFormat::kBinary;
-  }
+  if (EndsWith(path, ".pb")) return FileFormat::kBinary;
   return std::nullopt;
 }
 

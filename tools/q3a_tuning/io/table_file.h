@@ -21,8 +21,9 @@ namespace q3a_tool {
 
 enum class FileFormat { kJson, kBinary };
 
-// ".json" is JSON; ".pb" and ".bin" are binary protobuf. Anything else is
-// nullopt: the caller asks for --from/--to.
+// ".json" is JSON; ".pb" is binary protobuf. Anything else is nullopt: the
+// caller asks for --from/--to. ".bin" is neither: the tool's name for a
+// tuning binary file (the container's dump), never for a tuning file.
 std::optional<FileFormat> FormatFromPath(std::string_view path);
 
 // "json" or "binary" (also "pb").
