@@ -6,9 +6,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
+#include "protomsg/tuning_table_traits.h"
 #include "tools/q3a_tuning/io/edit_counts.h"
 
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
@@ -17,6 +19,32 @@ namespace q3a_tool {
 namespace {
 
 using testing::HasSubstr;
+
+// Every field reachable from the four tables is of a type get and set
+// handle; a field of another type added to the schema fails here.
+void ExpectEditable(const google::protobuf::Descriptor& message,
+                    std::set<const google::protobuf::Descriptor*>& seen) {
+  if (!seen.insert(&message).second) return;
+  for (int i = 0; i < message.field_count(); ++i) {
+    const google::protobuf::FieldDescriptor& field = *message.field(i);
+    EXPECT_TRUE(IsEditableFieldType(field.cpp_type()))
+        << field.full_name() << " is a " << field.cpp_type_name();
+    if (field.message_type() != nullptr) {
+      ExpectEditable(*field.message_type(), seen);
+    }
+  }
+}
+
+TEST(TableEdit, EveryFieldOfTheSchemaHasATypeSetHandles) {
+  std::set<const google::protobuf::Descriptor*> seen;
+  qawb::ForEachTable([&]<typename Record>() {
+    ExpectEditable(
+        *protomsg::TuningTableTraits<Record>::Message::descriptor(), seen);
+  });
+  EXPECT_GT(seen.size(), 4u);
+  EXPECT_FALSE(IsEditableFieldType(
+      google::protobuf::FieldDescriptor::CPPTYPE_STRING));
+}
 
 TEST(TableEdit, SetsAndGetsScalarsEnumsAndListEntries) {
   qawb::tuning::QAWBBasicTuningTable table;
