@@ -239,15 +239,15 @@ INSTANTIATE_TEST_SUITE_P(
                     2, "cct_list holds 36 entries; index 36 is past"},
         HostileCase{"LoadFifo",
                     {"load", "basic={d}/fifo.json", "--key", kKey}, 1,
-                    "warning: the basic table was not loaded: "
-                    "{d}/fifo.json: cannot read the file: it is a FIFO",
+                    "warning: {d}/fifo.json: the basic table was not loaded: "
+                    "cannot read the file: it is a FIFO",
                     "basic    3.0    unchanged"},
         HostileCase{"LoadWrongTable",
                     {"load", "color={d}/t/basic.json", "--key", kKey}, 1,
-                    "warning: the color table was not loaded: "
-                    "{d}/t/basic.json: this is a basic table, not a color "
-                    "table; the container keeps the table it held, here a "
-                    "fresh container's default color table",
+                    "warning: {d}/t/basic.json: the color table was not "
+                    "loaded: this is a basic table, not a color table; the "
+                    "container keeps the table it held, here a fresh "
+                    "container's default color table",
                     "color    3.0    unchanged"},
         HostileCase{"PlotFifo", {"plot", "{d}/fifo.json", "-o", "{d}/x.svg"},
                     2, "it is a FIFO"}),
@@ -368,8 +368,9 @@ INSTANTIATE_TEST_SUITE_P(
                     {"set", "{d}/t/basic.json",
                      "illuminant_weight_table.cct_list[30]=7000"},
                     0,
-                    "warning: illuminant_weight_table.cct_list[30]: entry 30 "
-                    "is at or past illuminant_weight_table.cct_number",
+                    "warning: {d}/t/basic.json: "
+                    "illuminant_weight_table.cct_list[30]: entry 30 is at or "
+                    "past illuminant_weight_table.cct_number",
                     "t/basic.json", {"t/basic.json"}},
         HostileCase{"SetCountOverCapacity",
                     {"set", "{d}/t/basic.json",
@@ -381,7 +382,9 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"SetCountOverCapacityForced",
                     {"set", "{d}/t/basic.json",
                      "illuminant_weight_table.cct_number=37", "--force"},
-                    0, "warning: illuminant_weight_table.cct_number",
+                    0,
+                    "warning: {d}/t/basic.json: "
+                    "illuminant_weight_table.cct_number",
                     "cct_number: ", {"t/basic.json"}},
         HostileCase{"SetToStdout",
                     {"set", "{d}/t/basic.json", "initial_cct=4321", "-o", "-"},
@@ -527,7 +530,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "typo.json: rejected as a basic table\n"},
         HostileCase{"CompactFileWithoutCompact",
                     {"validate", "{d}/c/feature.json"}, 1,
-                    "hint: {d}/c/feature.json reads like a compact file",
+                    "hint: {d}/c/feature.json: reads like a compact file",
                     "fields missing"},
         HostileCase{"DiffNamesKinds",
                     {"diff", "{d}/t/advance.json", "{d}/kind.json"}, 1, "",

@@ -38,8 +38,8 @@ TEST_P(DocumentLintTest, ReportsTheRuleAtItsPlace) {
       ValidateTableFile(path, FileFormat::kJson, c.table, built_in);
   ASSERT_TRUE(report.accepted) << "the library must accept the file";
   std::vector<std::string> seen;
-  for (const Problem& problem : report.problems) {
-    seen.push_back(ProblemText(problem) + " [" + problem.rule + "]");
+  for (const Diagnostic& problem : report.problems) {
+    seen.push_back(DiagnosticText(problem) + " [" + problem.rule + "]");
     if (problem.rule != c.rule) continue;
     EXPECT_EQ(problem.line, c.line) << seen.back();
     EXPECT_EQ(problem.column, c.column) << seen.back();

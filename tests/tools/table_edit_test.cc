@@ -117,8 +117,12 @@ TEST_P(CountedEditTest, WarnsOfUnusedEntriesAndRefusesOverfullCounts) {
         SetValue(table, paths.back(), assignment.substr(equals + 1)).ok());
   }
   const EditCountCheck check = CheckEditedCounts(table, paths);
+  std::vector<std::string> unused;
+  for (const Diagnostic& entry : check.unused_entries) {
+    unused.push_back(DiagnosticText(entry));
+  }
   for (const auto& [found, expected] :
-       {std::pair{check.unused_entries, GetParam().unused},
+       {std::pair{unused, GetParam().unused},
         std::pair{check.over_capacity, GetParam().over_capacity}}) {
     if (*expected == '\0') {
       EXPECT_TRUE(found.empty()) << found[0];

@@ -24,7 +24,9 @@ using google::protobuf::Message;
 
 std::vector<std::string> Rules(const ValidationReport& report) {
   std::vector<std::string> rules;
-  for (const Problem& problem : report.problems) rules.push_back(problem.rule);
+  for (const Diagnostic& problem : report.problems) {
+    rules.push_back(problem.rule);
+  }
   return rules;
 }
 

@@ -7,6 +7,7 @@
 
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/output_file.h"
@@ -51,26 +52,21 @@ int RunConvert(const ConvertOptions& options) {
   const ValidationReport report =
       ValidateTableFile(options.input, *from, *kind);
   if (report.unreadable) return ReportError(*report.unreadable);
+  DiagnosticSink diagnostics;
   if (!report.accepted) {
-    for (const Problem& problem : report.problems) {
-      fmt::print(stderr, "{}\n", ProblemText(problem));
-    }
+    diagnostics.Report(report.problems);
     return kExitFailure;
   }
-  for (const Problem& problem : report.problems) {
-    fmt::print(stderr, "warning: {}\n", ProblemText(problem));
-  }
+  for (const Diagnostic& problem : report.problems) diagnostics.Warn(problem);
   return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     if (auto error = LoadTableFile(options.input, *from, *table)) {
       return ReportError(*error);
     }
-    const Result<std::vector<std::string>> warnings =
+    const Result<std::vector<Diagnostic>> warnings =
         WriteTableFile(options.output, *table, write);
     if (!warnings.ok()) return ReportError(warnings.error());
-    for (const std::string& warning : *warnings) {
-      fmt::print(stderr, "warning: {}\n", warning);
-    }
+    diagnostics.Report(*warnings);
     if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
     return kExitOk;
   });

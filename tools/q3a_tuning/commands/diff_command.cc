@@ -12,9 +12,10 @@
 
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/diagnostic.h"
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/io/problem.h"
 #include "tools/q3a_tuning/io/record_diff.h"
 #include "tools/q3a_tuning/lint/json_document.h"
 
@@ -81,18 +82,21 @@ void PrintJson(const TableOperand& b,
       }
     }
   }
-  std::vector<Problem> problems;
+  DiagnosticSink sink(stdout, /*json=*/true);
   for (const Difference& d : differences) {
-    Problem problem{b.name, 0, 0, d.path, "differs",
-                    d.old_value + " -> " + d.new_value};
+    Diagnostic difference{.file = b.name,
+                          .path = d.path,
+                          .rule = "differs",
+                          .message = d.old_value + " -> " + d.new_value,
+                          .severity = Severity::kNote};
     if (document) {
       const TextPosition at = PositionOfPath(document->root(), d.path);
-      problem.line = at.line;
-      problem.column = at.column;
+      difference.line = at.line;
+      difference.column = at.column;
     }
-    problems.push_back(std::move(problem));
+    sink.Report(difference);
   }
-  fmt::print("{}", ProblemsJson(problems));
+  sink.Finish();
 }
 
 int RunDiff(const DiffOptions& options) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/table_file.h"
 
@@ -60,9 +61,7 @@ int ExportTableFiles(const qawb::QAWBTuning& tuning,
                         kExitUsage});
   }
   const TableFilesResult result = WriteTableFiles(tuning, directory, options);
-  for (const std::string& warning : result.warnings) {
-    fmt::print(stderr, "warning: {}\n", warning);
-  }
+  DiagnosticSink().Report(result.warnings);
   for (const ToolError& error : result.errors) ReportError(error);
   for (const std::string& path : result.written) fmt::print("{}\n", path);
   return result.errors.empty() ? kExitOk : kExitFailure;

@@ -29,7 +29,7 @@ int RunInspect(const std::string& path) {
                head.version ? VersionString(*head.version) : "(past the end)");
   }
   if (info->size_ok && !info->Plausible()) {
-    fmt::print(stderr, "{}\n", info->ImplausibleText(path));
+    DiagnosticSink().Report({.message = info->ImplausibleText(path)});
   }
   return info->size_ok && info->Plausible() ? kExitOk : kExitFailure;
 }

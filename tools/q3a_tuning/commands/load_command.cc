@@ -14,6 +14,7 @@
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/output_file.h"
@@ -47,17 +48,19 @@ std::string_view SeverityLetter(android::base::LogSeverity severity) {
 }
 
 // Why the loader did not take `path` as the `kind` table.
-std::string WhyNotLoaded(const std::string& path, qawb::TableId kind) {
+Diagnostic WhyNotLoaded(const std::string& path, qawb::TableId kind) {
   const Result<std::string> content = ReadInputFile(path);
-  if (!content.ok()) return content.error().message;
+  if (!content.ok()) return DiagnosticOf(content.error(), path);
   if (auto refused = CheckTableFits(path, *content, FileFormat::kJson, kind)) {
-    return refused->message;
+    return DiagnosticOf(*refused, path);
   }
   if (FormatFromPath(path) == FileFormat::kBinary) {
-    return path + ": the loader reads JSON tuning files only; this one is "
-                  "binary (`q3a-tuning convert` makes a JSON file of it)";
+    return {.file = path,
+            .message =
+                "the loader reads JSON tuning files only; this one is "
+                "binary (`q3a-tuning convert` makes a JSON file of it)"};
   }
-  return DescribeReadFailure(path, FileFormat::kJson, kind);
+  return DiagnoseReadFailure(path, FileFormat::kJson, kind);
 }
 
 int RunLoad(const LoadOptions& options) {
@@ -117,6 +120,7 @@ int RunLoad(const LoadOptions& options) {
     return ReportError({"the loader returned no container", kExitFailure});
   }
   int status = kExitOk;
+  DiagnosticSink diagnostics;
   for (qawb::TableId kind : kAllTableIds) {
     const std::string version = VersionString(*TableVersion(*result, kind));
     const auto file = files.find(std::string(TableName(kind)));
@@ -138,14 +142,17 @@ int RunLoad(const LoadOptions& options) {
                TableName(kind), version,
                file->second.empty() ? "the path is empty"
                                     : file->second + " was not loaded");
-    const std::string why = file->second.empty()
-                                ? "the path is empty"
-                                : WhyNotLoaded(file->second, kind);
-    fmt::print(stderr,
-               "warning: the {} table was not loaded: {}; the container "
-               "keeps the table it held, here a fresh container's default {} "
-               "table (version {}), not awb:{}'s\n",
-               TableName(kind), why, TableName(kind), version, options.key);
+    Diagnostic why = file->second.empty()
+                         ? Diagnostic{.message = "the path is empty"}
+                         : WhyNotLoaded(file->second, kind);
+    why.message = fmt::format(
+        "the {} table was not loaded: {}{}; the container keeps the table it "
+        "held, here a fresh container's default {} table (version {}), not "
+        "awb:{}'s",
+        TableName(kind), why.path.empty() ? "" : why.path + ": ", why.message,
+        TableName(kind), version, options.key);
+    why.path.clear();
+    diagnostics.Warn(why);
     status = kExitFailure;
   }
   if (!options.output.empty()) {

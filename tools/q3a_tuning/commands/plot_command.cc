@@ -13,6 +13,7 @@
 
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/plot_inputs.h"
 #include "tools/q3a_tuning/io/output_file.h"
 #include "tools/q3a_tuning/plot/table_plots.h"
@@ -97,9 +98,7 @@ int RunPlot(const PlotOptions& options) {
     if (against) names.before = DescribeTable(*against, *kind, before->version);
     const TablePlots plots =
         PlotTable(*table, against ? before.get() : nullptr, names);
-    for (const std::string& finding : plots.findings) {
-      fmt::print(stderr, "{}\n", finding);
-    }
+    DiagnosticSink().Report(plots.findings);
     if (auto error = WriteOutputFile(
             options.output, StackFiguresSvg(plots.figures), output)) {
       return ReportError(*error);

@@ -76,10 +76,10 @@ void LintContainerTable(const Record& table, const std::string& source,
                         ReportData& data) {
   typename protomsg::TuningTableTraits<Record>::Message message;
   protomsg::ConvertToMessage(table, message);
-  for (const Finding& f : LintTableMessage(message)) {
+  for (Diagnostic& f : LintTableMessage(message)) {
+    f.file = source;
     data.findings.push_back(
-        {std::string(protomsg::TuningTableTraits<Record>::kName), source,
-         f.path + ": " + f.message});
+        {std::string(protomsg::TuningTableTraits<Record>::kName), f});
   }
 }
 
@@ -134,10 +134,9 @@ int RunReport(const ReportOptions& options) {
             }
             // A new version is what an edited file is meant to carry: it is
             // shown with the differences, not as a finding.
-            for (const Problem& problem :
+            for (const Diagnostic& problem :
                  ValidateTableFile(file->second, *format, kind).problems) {
-              data.findings.push_back(
-                  {section.id, file->second, ProblemText(problem)});
+              data.findings.push_back({section.id, problem});
             }
             names.before = names.table;
             names.table = fmt::format("{} table {} from {}", TableName(kind),
@@ -159,8 +158,8 @@ int RunReport(const ReportOptions& options) {
             plots = PlotTable(*built_in, nullptr, names);
           }
           section.heading = names.table;
-          for (const std::string& finding : plots.findings) {
-            data.findings.push_back({section.id, "plots", finding});
+          for (const Diagnostic& finding : plots.findings) {
+            data.findings.push_back({section.id, finding});
           }
           for (const Figure& figure : plots.figures) {
             section.figures.push_back(RenderFigureSvg(figure));

@@ -13,6 +13,7 @@
 #include "protomsg/record_conversions.h"
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/edit_counts.h"
 #include "tools/q3a_tuning/io/edit_lock.h"
@@ -34,12 +35,13 @@ struct SetOptions {
 };
 
 // The edit of `message`: each assignment applied, then checked against the
-// count rules. Prints the warnings; returns the change lines, or the error
-// that stops the edit.
+// count rules and the lint. Reports the warnings; returns the change lines,
+// or the error that stops the edit.
 Result<std::vector<std::string>> ApplyAssignments(
-    google::protobuf::Message& message, const SetOptions& options) {
+    google::protobuf::Message& message, const SetOptions& options,
+    DiagnosticSink& diagnostics) {
   std::vector<std::string> before_findings;
-  for (const Finding& f : LintTableMessage(message)) {
+  for (const Diagnostic& f : LintTableMessage(message)) {
     before_findings.push_back(f.path + f.message);
   }
   std::vector<std::string> changes;
@@ -65,13 +67,15 @@ Result<std::vector<std::string>> ApplyAssignments(
                     "anyway)",
                     options.input, fmt::join(counts.over_capacity, "; "))};
   }
-  for (const std::string& warning : counts.unused_entries) {
-    fmt::print(stderr, "warning: {}\n", warning);
+  for (Diagnostic warning : counts.unused_entries) {
+    warning.file = options.input;
+    diagnostics.Warn(warning);
   }
-  for (const Finding& f : LintTableMessage(message)) {
+  for (Diagnostic& f : LintTableMessage(message)) {
     if (std::find(before_findings.begin(), before_findings.end(),
                   f.path + f.message) == before_findings.end()) {
-      fmt::print(stderr, "warning: {}: {}\n", f.path, f.message);
+      f.file = options.input;
+      diagnostics.Warn(f);
     }
   }
   return changes;
@@ -114,17 +118,16 @@ int RunSet(const SetOptions& options) {
     }
     typename protomsg::TuningTableTraits<Record>::Message message;
     protomsg::ConvertToMessage(*table, message);
+    DiagnosticSink diagnostics;
     const Result<std::vector<std::string>> changes =
-        ApplyAssignments(message, options);
+        ApplyAssignments(message, options, diagnostics);
     if (!changes.ok()) return ReportError(changes.error());
     auto edited = MakeZeroedTable<Record>();
     protomsg::ConvertToStruct(message, *edited);
-    const Result<std::vector<std::string>> warnings =
+    const Result<std::vector<Diagnostic>> warnings =
         WriteTableFile(output, *edited, write);
     if (!warnings.ok()) return ReportError(warnings.error());
-    for (const std::string& warning : *warnings) {
-      fmt::print(stderr, "warning: {}\n", warning);
-    }
+    diagnostics.Report(*warnings);
     // With the table itself on stdout, the report goes to stderr.
     std::FILE* report = output == kStdoutPath ? stderr : stdout;
     for (const std::string& change : *changes) {

@@ -12,6 +12,7 @@
 
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/json_text.h"
@@ -31,16 +32,18 @@ struct ValidateOptions {
   bool compact = false;
 };
 
+// Findings go to `results` (stdout, or the --json array); refusals and
+// hints to stderr, and refusals into the --json array too.
 int ValidateOne(const std::string& path, const ValidateOptions& options,
-                const qawb::QAWBTuning* built_in,
-                std::vector<Problem>& all_problems) {
-  const auto unreadable = [&](const ToolError& error) {
-    all_problems.push_back({path, 0, 0, "", lint_rule::kUnreadable,
-                            error.message.substr(std::min(
-                                error.message.size(), path.size() + 2))});
+                const qawb::QAWBTuning* built_in, DiagnosticSink& results) {
+  DiagnosticSink errors;
+  const auto refuse = [&](const ToolError& error, std::string_view rule) {
+    if (options.json) results.Report(DiagnosticOf(error, path, rule));
     return ReportError(error);
   };
-  if (auto refused = CheckInputFile(path)) return unreadable(*refused);
+  if (auto refused = CheckInputFile(path)) {
+    return refuse(*refused, lint_rule::kUnreadable);
+  }
   const Result<FileFormat> format = ResolveFormat(path, options.format);
   if (!format.ok()) return ReportError(format.error());
   // A --table that names another table than the file holds is a
@@ -51,39 +54,34 @@ int ValidateOne(const std::string& path, const ValidateOptions& options,
                             : ParseTableOption(options.table);
   if (!kind.ok()) {
     if (kind.error().exit_code == kExitUsage) return ReportError(kind.error());
-    all_problems.push_back(
-        {path, 0, 0, "",
-         guess.container_dump ? lint_rule::kWrongTable : lint_rule::kRejected,
-         kind.error().message.substr(
-             std::min(kind.error().message.size(), path.size() + 2))});
-    return ReportError(kind.error());
+    return refuse(kind.error(), guess.container_dump ? lint_rule::kWrongTable
+                                                     : lint_rule::kRejected);
   }
   const ValidationReport report =
       ValidateTableFile(path, *format, *kind, built_in, options.compact);
-  if (report.unreadable) return unreadable(*report.unreadable);
-  all_problems.insert(all_problems.end(), report.problems.begin(),
-                      report.problems.end());
+  if (report.unreadable) {
+    return refuse(*report.unreadable, lint_rule::kUnreadable);
+  }
   if (!report.accepted) {
-    for (const Problem& problem : report.problems) {
-      fmt::print(stderr, "{}\n", ProblemText(problem));
-    }
+    errors.Report(report.problems);
+    if (options.json) results.Report(report.problems);
     const bool in_question = options.table.empty() && !guess.certain;
-    fmt::print(stderr, "{}: rejected as a {} table{}\n", path,
-               TableName(*kind),
-               in_question ? " (guessed; give --table to choose)" : "");
+    errors.Report(
+        {.file = path,
+         .message = fmt::format(
+             "rejected as a {} table{}", TableName(*kind),
+             in_question ? " (guessed; give --table to choose)" : "")});
     return kExitFailure;
   }
   if (report.reads_like_compact) {
-    fmt::print(stderr,
-               "hint: {} reads like a compact file (export --compact); give "
-               "--compact if it is one, and the fields it leaves out are not "
-               "findings\n",
-               path);
+    errors.Report({.file = path,
+                   .message = "reads like a compact file (export --compact); "
+                              "give --compact if it is one, and the fields it "
+                              "leaves out are not findings",
+                   .severity = Severity::kHint});
   }
+  results.Report(report.problems);
   if (!options.json) {
-    for (const Problem& problem : report.problems) {
-      fmt::print("{}\n", ProblemText(problem));
-    }
     fmt::print("{}: {} table version {}: {}\n", path, TableName(*kind),
                report.version,
                report.problems.empty()
@@ -123,11 +121,11 @@ int RunValidate(const ValidateOptions& options) {
     built_in = *container;
   }
   int status = kExitOk;
-  std::vector<Problem> problems;
+  DiagnosticSink results(stdout, options.json);
   for (const std::string& file : options.files) {
-    status = std::max(status, ValidateOne(file, options, built_in, problems));
+    status = std::max(status, ValidateOne(file, options, built_in, results));
   }
-  if (options.json) fmt::print("{}", ProblemsJson(problems));
+  results.Finish();
   return status;
 }
 

@@ -108,14 +108,14 @@ TableFilesResult WriteTableFiles(const qawb::QAWBTuning& tuning,
                                  kExitFailure});
         return;
       }
-      Result<std::vector<std::string>> warnings =
+      Result<std::vector<Diagnostic>> warnings =
           WriteTableFile(path, *table, options);
       if (!warnings.ok()) {
         result.errors.push_back(warnings.error());
         return;
       }
       result.written.push_back(path);
-      for (std::string& warning : *warnings) {
+      for (Diagnostic& warning : *warnings) {
         result.warnings.push_back(std::move(warning));
       }
     });

@@ -33,17 +33,18 @@ bool ReadTableFile(const std::string& path, FileFormat format, Record& table) {
 }
 
 template <typename Record>
-Result<std::vector<std::string>> WriteTableFile(
+Result<std::vector<Diagnostic>> WriteTableFile(
     const std::string& path, const Record& table,
     const TableFileOptions& options) {
   using Message = typename protomsg::TuningTableTraits<Record>::Message;
   const FileFormat format = options.format;
   Message message;
   protomsg::ConvertToMessage(table, message);
-  std::vector<std::string> warnings;
+  std::vector<Diagnostic> warnings;
   if (format == FileFormat::kJson) {
     if (auto changed = MakeJsonExact(message)) {
-      warnings.push_back(fmt::format("{}: {}", path, *changed));
+      warnings.push_back(
+          {.file = path, .message = *changed, .severity = Severity::kWarning});
     }
   }
   if (options.compact) {

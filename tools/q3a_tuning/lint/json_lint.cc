@@ -70,7 +70,7 @@ std::string SchemaPath(std::string_view written, const Descriptor& table) {
 
 class DocumentLinter {
  public:
-  std::vector<Finding> Run(const JsonValue& root, const Descriptor& table) {
+  std::vector<Diagnostic> Run(const JsonValue& root, const Descriptor& table) {
     if (root.type() == Type::kObject && root.members().empty()) {
       Add(root.position(), lint_rule::kEmptyObject,
           "the file is an empty object: every field of the table loads as 0 "
@@ -92,7 +92,7 @@ class DocumentLinter {
 
  private:
   void Add(TextPosition position, const char* rule, std::string message) {
-    findings_.push_back({path_, std::move(message), rule, position});
+    findings_.push_back(LintFinding(path_, std::move(message), rule, position));
   }
 
   // Appends a step to the path for the life of the object.
@@ -237,24 +237,24 @@ class DocumentLinter {
   }
 
   std::string path_;
-  std::vector<Finding> findings_;
+  std::vector<Diagnostic> findings_;
 };
 
 }  // namespace
 
-std::vector<Finding> LintJsonDocument(
+std::vector<Diagnostic> LintJsonDocument(
     const JsonValue& root, const std::vector<JsonLeniency>& leniencies,
     const Descriptor& table) {
-  std::vector<Finding> findings;
+  std::vector<Diagnostic> findings;
   for (const JsonLeniency& leniency : leniencies) {
-    findings.push_back(
-        {SchemaPath(leniency.path, table),
-         fmt::format("{}: the library's reader takes it, but other JSON tools "
-                     "refuse the file",
-                     LeniencyText(leniency.rule)),
-         leniency.rule, leniency.position});
+    findings.push_back(LintFinding(
+        SchemaPath(leniency.path, table),
+        fmt::format("{}: the library's reader takes it, but other JSON tools "
+                    "refuse the file",
+                    LeniencyText(leniency.rule)),
+        leniency.rule, leniency.position));
   }
-  std::vector<Finding> document = DocumentLinter().Run(root, table);
+  std::vector<Diagnostic> document = DocumentLinter().Run(root, table);
   findings.insert(findings.end(), document.begin(), document.end());
   return findings;
 }

@@ -79,7 +79,7 @@ std::vector<std::string> ImplausibleRecord(const Record& table) {
   protomsg::ConvertToMessage(table, message);
   // The message carries every list whole, so the count rule speaks only of
   // counts below zero or above the capacity.
-  for (const Finding& finding : LintTableMessage(message)) {
+  for (const Diagnostic& finding : LintTableMessage(message)) {
     if (finding.rule == lint_rule::kCount) {
       found.push_back(finding.path + ": " + finding.message);
     }

@@ -39,9 +39,9 @@ std::string SchemaReason(const std::string& protobuf_reason,
 
 }  // namespace
 
-Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
-                            qawb::TableId kind) {
-  Problem problem{path, 0, 0, "", lint_rule::kRejected, ""};
+Diagnostic DiagnoseReadFailure(const std::string& path, FileFormat format,
+                               qawb::TableId kind) {
+  Diagnostic problem{path, 0, 0, "", lint_rule::kRejected, ""};
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) {
     problem.rule = lint_rule::kUnreadable;
@@ -82,7 +82,7 @@ Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
 
 std::string DescribeReadFailure(const std::string& path, FileFormat format,
                                 qawb::TableId kind) {
-  return ProblemText(DiagnoseReadFailure(path, format, kind));
+  return DiagnosticText(DiagnoseReadFailure(path, format, kind));
 }
 
 TextPosition PositionOfPath(const JsonValue& document,

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "tools/q3a_tuning/io/diagnostic.h"
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/io/problem.h"
 #include "tools/q3a_tuning/io/table_file.h"
 #include "tools/q3a_tuning/lint/json_document.h"
 #include "tools/q3a_tuning/lint/table_guess.h"
@@ -18,10 +18,10 @@ namespace q3a_tool {
 // Why `path` cannot be read as a `kind` table in `format`: missing or
 // unreadable file, empty file, syntax error, unknown field (with the nearest
 // field name), bad enum name, invalid binary message. Rule "rejected".
-Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
-                            qawb::TableId kind);
+Diagnostic DiagnoseReadFailure(const std::string& path, FileFormat format,
+                               qawb::TableId kind);
 
-// ProblemText of DiagnoseReadFailure.
+// DiagnosticText of DiagnoseReadFailure.
 std::string DescribeReadFailure(const std::string& path, FileFormat format,
                                 qawb::TableId kind);
 

@@ -41,32 +41,34 @@ bool ReadsAsZero(const Record& table) {
 
 // Findings about the table as it reads: its version, and a table of zeros.
 template <typename Record>
-std::vector<Finding> LintReadTable(const Record& table, bool has_version,
-                                   const qawb::QAWBTuning* built_in) {
-  std::vector<Finding> findings;
+std::vector<Diagnostic> LintReadTable(const Record& table, bool has_version,
+                                      const qawb::QAWBTuning* built_in) {
+  std::vector<Diagnostic> findings;
   const auto& version = table.version;
   if (ReadsAsZero(table)) {
-    findings.push_back({"", "every value of the table is 0: the algorithm "
-                            "would run on nothing",
-                        lint_rule::kAllZero});
+    findings.push_back(
+        LintFinding("",
+                    "every value of the table is 0: the algorithm "
+                    "would run on nothing",
+                    lint_rule::kAllZero));
   }
   if (has_version && version.major == 0 && version.minor == 0) {
     findings.push_back(
-        {"version", "the version is 0.0", lint_rule::kZeroVersion});
+        LintFinding("version", "the version is 0.0", lint_rule::kZeroVersion));
   }
   const Record* reference =
       built_in != nullptr ? qawb::GetTable<Record>(*built_in) : nullptr;
   if (reference != nullptr &&
       (reference->version.major != version.major ||
        reference->version.minor != version.minor)) {
-    findings.push_back(
-        {"version",
-         fmt::format("version {} but the container's built-in {} table is "
-                     "version {}",
-                     VersionString(version),
-                     protomsg::TuningTableTraits<Record>::kName,
-                     VersionString(reference->version)),
-         lint_rule::kVersionMismatch});
+    findings.push_back(LintFinding(
+        "version",
+        fmt::format("version {} but the container's built-in {} table is "
+                    "version {}",
+                    VersionString(version),
+                    protomsg::TuningTableTraits<Record>::kName,
+                    VersionString(reference->version)),
+        lint_rule::kVersionMismatch));
   }
   return findings;
 }
@@ -93,8 +95,8 @@ bool InCompactForm(const google::protobuf::Message& message) {
                                                             *compacted);
 }
 
-bool HasRule(const std::vector<Finding>& findings, std::string_view rule) {
-  for (const Finding& finding : findings) {
+bool HasRule(const std::vector<Diagnostic>& findings, std::string_view rule) {
+  for (const Diagnostic& finding : findings) {
     if (finding.rule == rule) return true;
   }
   return false;
@@ -129,7 +131,7 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
 
     typename protomsg::TuningTableTraits<Record>::Message message;
     (void)ParseTableMessage(*content, format, message);
-    std::vector<Finding> findings;
+    std::vector<Diagnostic> findings;
     std::optional<JsonDocument> document;
     bool has_version = message.has_version();
     if (format == FileFormat::kJson) {
@@ -144,14 +146,14 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
     } else {
       findings = LintAbsentFields(message);
     }
-    for (Finding& finding : LintTableMessage(message)) {
+    for (Diagnostic& finding : LintTableMessage(message)) {
       findings.push_back(std::move(finding));
     }
-    for (Finding& finding : LintReadTable(*table, has_version, built_in)) {
+    for (Diagnostic& finding : LintReadTable(*table, has_version, built_in)) {
       findings.push_back(std::move(finding));
     }
     if (compact) {
-      std::erase_if(findings, [](const Finding& finding) {
+      std::erase_if(findings, [](const Diagnostic& finding) {
         return finding.rule == lint_rule::kMissingFields;
       });
     } else {
@@ -159,16 +161,14 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
           HasRule(findings, lint_rule::kMissingFields) &&
           InCompactForm<Record>(message);
     }
-    for (const Finding& finding : CollapseFindings(std::move(findings))) {
-      Problem problem{path, 0, 0, finding.path, finding.rule, finding.message};
-      if (document) {
-        const TextPosition at =
-            finding.position ? *finding.position
-                             : PositionOfPath(document->root(), finding.path);
-        problem.line = at.line;
-        problem.column = at.column;
+    for (Diagnostic& finding : CollapseFindings(std::move(findings))) {
+      finding.file = path;
+      if (document && finding.line == 0) {
+        const TextPosition at = PositionOfPath(document->root(), finding.path);
+        finding.line = at.line;
+        finding.column = at.column;
       }
-      report.problems.push_back(std::move(problem));
+      report.problems.push_back(std::move(finding));
     }
     return report;
   });
