@@ -76,28 +76,23 @@ int RunConvert(const ConvertOptions& options) {
 
 void AddConvertCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<ConvertOptions>();
-  auto* command = app.add_subcommand(
-      "convert",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "convert",
       "Convert a tuning file between JSON and binary protobuf. The table "
       "passes through its record: entries beyond capacity are dropped "
       "(with a warning) and every list comes out at full capacity unless "
-      "--compact. The output must not be the input.");
+      "--compact. The output must not be the input.",
+      "q3a-tuning convert feature.json feature.pb", options, RunConvert);
   command->add_option("input", options->input, "Tuning file to read")
       ->required();
   command->add_option("output", options->output,
                       "Tuning file to write; - for stdout (JSON only)")
       ->required();
-  command->add_option("--table", options->table,
-                      TableNames() + " (guessed if omitted)");
+  AddTableOption(*command, options->table);
   AddFromOption(*command, options->from);
   command->add_option("--to", options->to,
                       "json or binary (from the extension if omitted)");
-  command->add_flag("--compact", options->compact,
-                    "Write only what carries meaning: lists up to their "
-                    "counts, no zero tails, no default scalars");
-  command->footer("Example:\n  q3a-tuning convert feature.json feature.pb");
-  command->callback(
-      [&exit_code, options] { exit_code = RunConvert(*options); });
+  AddCompactFlag(*command, options->compact);
 }
 
 }  // namespace q3a_tool

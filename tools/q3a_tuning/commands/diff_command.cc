@@ -143,28 +143,27 @@ int RunDiff(const DiffOptions& options) {
 
 void AddDiffCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<DiffOptions>();
-  auto* command = app.add_subcommand(
-      "diff",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "diff",
       "Compare two tables field by field and print `path: old -> new`. An "
       "operand is a tuning file (.json, .pb), awb:KEY:TABLE for a registered "
       "container's table (awb:0,-1,1,0,-1:feature) or defaults:TABLE. Files "
       "are read over zeroed tables, as the override loader reads them. Exit "
-      "0 the same, 1 different, 2 trouble.");
+      "0 the same, 1 different, 2 trouble.",
+      "q3a-tuning diff awb:0,-1,1,0,-1:feature feature.json", options,
+      RunDiff);
   command->add_option("old", options->a, "The first table")->required();
   command->add_option("new", options->b, "The second table")->required();
-  command->add_option("--table", options->table,
-                      TableNames() + " (guessed if omitted)");
+  AddTableOption(*command, options->table);
   command
       ->add_option("--tolerance", options->tolerance,
                    "Floats this close count as equal")
       ->capture_default_str();
   AddFromOption(*command, options->from);
   command->add_flag("--json", options->json,
-                    "The differences as a JSON array of {file, line, column, "
-                    "path, rule, message: \"old -> new\"}, placed in NEW");
-  command->footer(
-      "Example:\n  q3a-tuning diff awb:0,-1,1,0,-1:feature feature.json");
-  command->callback([&exit_code, options] { exit_code = RunDiff(*options); });
+                    "The differences as a JSON array of {severity, file, "
+                    "line, column, path, rule, message: \"old -> new\"}, "
+                    "placed in NEW");
 }
 
 }  // namespace q3a_tool

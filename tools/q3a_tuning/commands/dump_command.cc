@@ -6,6 +6,7 @@
 #include <string>
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 
@@ -40,23 +41,19 @@ int RunDump(const DumpOptions& options) {
 
 void AddDumpCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<DumpOptions>();
-  auto* command = app.add_subcommand(
-      "dump",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "dump",
       "Split a tuning binary file into four tuning files (basic, advance, "
       "color, feature) in a directory. A file there that holds anything "
-      "else (an edit) is left as it was, and named, unless --force.");
+      "else (an edit) is left as it was, and named, unless --force.",
+      "q3a-tuning dump tuning.bin -o tables", options, RunDump);
   command->add_option("input", options->input, "Tuning binary file")
       ->required();
-  command->add_option("-o,--output", options->directory, "Output directory")
+  AddOutputOption(*command, options->directory, "Output directory")
       ->required();
-  command->add_option("--format", options->format, "json or binary")
-      ->capture_default_str();
-  command->add_flag("--compact", options->compact,
-                    "Write only what carries meaning (see export)");
-  command->add_flag("--force", options->force,
-                    "Replace files that hold something else");
-  command->footer("Example:\n  q3a-tuning dump tuning.bin -o tables");
-  command->callback([&exit_code, options] { exit_code = RunDump(*options); });
+  AddFormatOption(*command, options->format);
+  AddCompactFlag(*command, options->compact);
+  AddReplaceFlag(*command, options->force);
 }
 
 }  // namespace q3a_tool

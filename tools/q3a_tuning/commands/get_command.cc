@@ -46,24 +46,21 @@ int RunGet(const GetOptions& options) {
 
 void AddGetCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<GetOptions>();
-  auto* command = app.add_subcommand(
-      "get",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "get",
       "Print the value or sub-table at PATH as JSON, as the library reads "
       "the table. The table is a tuning file, awb:KEY:TABLE or "
-      "defaults:TABLE.");
+      "defaults:TABLE.",
+      "q3a-tuning get feature.json face_tuning_table.max_face_count",
+      options, RunGet);
   command->add_option("table_operand", options->input, "The table")
       ->required();
   command->add_option("path", options->path,
                       "e.g. face_tuning_table.max_face_count or "
                       "illuminant_weight_table.cct_list[3]")
       ->required();
-  command->add_option("--table", options->table,
-                      TableNames() + " (guessed if omitted)");
+  AddTableOption(*command, options->table);
   AddFromOption(*command, options->from);
-  command->footer(
-      "Example:\n  q3a-tuning get feature.json "
-      "face_tuning_table.max_face_count");
-  command->callback([&exit_code, options] { exit_code = RunGet(*options); });
 }
 
 }  // namespace q3a_tool

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
 #include "tools/q3a_tuning/lint/plausibility.h"
 
@@ -14,7 +15,12 @@ namespace {
 
 using qawb::MutableQAWBTuning;
 
-int RunInspect(const std::string& path) {
+struct InspectOptions {
+  std::string input;
+};
+
+int RunInspect(const InspectOptions& options) {
+  const std::string& path = options.input;
   const Result<TuningBinaryFileInfo> info = InspectTuningBinaryFile(path);
   if (!info.ok()) return ReportError(info.error());
   fmt::print("{}: {} bytes, {}\n", path, info->size,
@@ -37,15 +43,15 @@ int RunInspect(const std::string& path) {
 }  // namespace
 
 void AddInspectCommand(CLI::App& app, int& exit_code) {
-  auto path = std::make_shared<std::string>();
-  auto* command = app.add_subcommand(
-      "inspect",
+  auto options = std::make_shared<InspectOptions>();
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "inspect",
       "Show a tuning binary file's size and its four tables' offsets and "
       "version heads. Exit 1 if the size is wrong or the tables hold what "
-      "no table holds (versions, counts, frame-summary kinds, flags).");
-  command->add_option("input", *path, "Tuning binary file")->required();
-  command->footer("Example:\n  q3a-tuning inspect tuning.bin");
-  command->callback([&exit_code, path] { exit_code = RunInspect(*path); });
+      "no table holds (versions, counts, frame-summary kinds, flags).",
+      "q3a-tuning inspect tuning.bin", options, RunInspect);
+  command->add_option("input", options->input, "Tuning binary file")
+      ->required();
 }
 
 }  // namespace q3a_tool

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
 #include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
@@ -170,23 +171,19 @@ int RunLoad(const LoadOptions& options) {
 
 void AddLoadCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<LoadOptions>();
-  auto* command = app.add_subcommand(
-      "load",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "load",
       "Run the override loader with JSON tuning files over a registered AWB "
       "container; print its DEBUG lines and where each table came from. "
-      "A file the loader did not take gets a warning on stderr and exit 1.");
+      "A file the loader did not take gets a warning on stderr and exit 1.",
+      "q3a-tuning load feature=feature.json --key 0,-1,1,0,-1 -o tuning.bin",
+      options, RunLoad);
   command->add_option("files", options->assignments,
                       std::string("TABLE=PATH, TABLE one of ") + TableNames());
-  command
-      ->add_option("--key", options->key,
-                   "Key of the registered AWB container to fall back to")
+  AddKeyOption(*command, options->key, "the container to fall back to")
       ->required();
-  command->add_option("-o,--output", options->output,
-                      "Write the result as a tuning binary file");
-  command->footer(
-      "Example:\n  q3a-tuning load feature=feature.json --key 0,-1,1,0,-1 "
-      "-o tuning.bin");
-  command->callback([&exit_code, options] { exit_code = RunLoad(*options); });
+  AddOutputOption(*command, options->output,
+                  "Write the result as a tuning binary file");
 }
 
 }  // namespace q3a_tool

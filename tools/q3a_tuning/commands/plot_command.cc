@@ -112,8 +112,8 @@ int RunPlot(const PlotOptions& options) {
 
 void AddPlotCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<PlotOptions>();
-  auto* command = app.add_subcommand(
-      "plot",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "plot",
       "Draw a table as SVG. basic: white points, golden modules and "
       "white-point regions in the R/G-B/G plane, illuminant weights over BV "
       "and CCT; color: the colour-correction matrices over CCT and BV; "
@@ -122,21 +122,19 @@ void AddPlotCommand(CLI::App& app, int& exit_code) {
       "tuning file, awb:KEY:TABLE or defaults:TABLE. With --against OLD both "
       "are drawn, OLD hollow and dashed, and changed heat-map cells "
       "outlined. Non-finite values are reported on stderr, left out, and "
-      "make the exit status 1.");
+      "make the exit status 1.",
+      "q3a-tuning plot edited/feature.json --against "
+      "awb:0,-1,1,0,-1:feature -o feature.svg",
+      options, RunPlot);
   command->add_option("input", options->input, "The table to draw")
       ->required();
   command->add_option("--against", options->against,
                       "An older table of the same kind to overlay");
-  command->add_option("--table", options->table,
-                      TableNames() + " (guessed if omitted)");
+  AddTableOption(*command, options->table);
   AddFromOption(*command, options->from);
-  command->add_option("-o,--output", options->output,
-                      "SVG file to write; - for stdout")
+  AddOutputOption(*command, options->output,
+                  "SVG file to write; - for stdout")
       ->required();
-  command->footer(
-      "Example:\n  q3a-tuning plot edited/feature.json --against "
-      "awb:0,-1,1,0,-1:feature -o feature.svg");
-  command->callback([&exit_code, options] { exit_code = RunPlot(*options); });
 }
 
 }  // namespace q3a_tool

@@ -181,27 +181,25 @@ int RunReport(const ReportOptions& options) {
 
 void AddReportCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<ReportOptions>();
-  auto* command = app.add_subcommand(
-      "report",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "report",
       "Write one self-contained HTML page about a registered AWB container: "
       "its registration and table versions, the findings of validation, "
       "and every table's pictures. Each --against tuning file is compared "
       "with the container's table of its kind: its differences field by "
       "field and the two tables overlaid in the pictures. Open the page in "
-      "a browser; it prints to PDF.");
-  command->add_option("--key", options->key,
-                      "The container's key, e.g. 0,-1,1,0,-1")
+      "a browser; it prints to PDF.",
+      "q3a-tuning report --key 0,-1,1,0,-1 --against edited/feature.json -o "
+      "report.html",
+      options, RunReport);
+  AddKeyOption(*command, options->key, "the container to report on")
       ->required();
   command->add_option("--against", options->against,
                       "Tuning files to compare, at most one per table");
   AddFromOption(*command, options->from);
-  command->add_option("-o,--output", options->output,
-                      "HTML file to write; - for stdout")
+  AddOutputOption(*command, options->output,
+                  "HTML file to write; - for stdout")
       ->required();
-  command->footer(
-      "Example:\n  q3a-tuning report --key 0,-1,1,0,-1 --against "
-      "edited/feature.json -o report.html");
-  command->callback([&exit_code, options] { exit_code = RunReport(*options); });
 }
 
 }  // namespace q3a_tool

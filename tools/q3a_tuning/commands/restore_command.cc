@@ -84,11 +84,14 @@ int RunRestore(const RestoreOptions& options) {
 
 void AddRestoreCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<RestoreOptions>();
-  auto* command = app.add_subcommand(
-      "restore",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "restore",
       "Build a tuning binary file from tuning files. Tables without a file "
       "come from --base, --key or the default tables; each file is read over "
-      "a zeroed table, as the override loader does.");
+      "a zeroed table, as the override loader does.",
+      "q3a-tuning restore --key 0,-1,1,0,-1 --feature feature.json -o "
+      "tuning.bin",
+      options, RunRestore);
   for (qawb::TableId kind : kAllTableIds) {
     command->add_option_function<std::string>(
         "--" + std::string(TableName(kind)),
@@ -99,17 +102,11 @@ void AddRestoreCommand(CLI::App& app, int& exit_code) {
   }
   auto* base =
       command->add_option("--base", options->base, "Tuning binary file");
-  auto* key = command->add_option("--key", options->key,
-                                  "Key of a registered AWB container");
-  base->excludes(key);
+  AddKeyOption(*command, options->key, "its tables are the base")
+      ->excludes(base);
   AddFromOption(*command, options->from);
-  command->add_option("-o,--output", options->output, "Tuning binary file")
+  AddOutputOption(*command, options->output, "Tuning binary file")
       ->required();
-  command->footer(
-      "Example:\n  q3a-tuning restore --key 0,-1,1,0,-1 --feature "
-      "feature.json -o tuning.bin");
-  command->callback(
-      [&exit_code, options] { exit_code = RunRestore(*options); });
 }
 
 }  // namespace q3a_tool

@@ -133,27 +133,28 @@ int RunValidate(const ValidateOptions& options) {
 
 void AddValidateCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<ValidateOptions>();
-  auto* command = app.add_subcommand(
-      "validate",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "validate",
       "Check tuning files with the library's reader, then report what it "
       "accepts silently: duplicated keys, JSON other tools refuse, NaN, "
       "null, missing fields and version, lists over capacity, counts that "
       "disagree with their lists, unusable frame-summary kinds, integers too "
-      "wide for their field. Exit 0 clean, 1 findings, 2 unreadable input.");
+      "wide for their field. Exit 0 clean, 1 findings, 2 unreadable input.",
+      "q3a-tuning validate feature.json --key 0,-1,1,0,-1", options,
+      RunValidate);
   command->add_option("files", options->files, "Tuning files (.json, .pb)")
       ->required();
-  command->add_option("--table", options->table,
-                      TableNames() + " (guessed if omitted)");
+  AddTableOption(*command, options->table);
   AddFromOption(*command, options->format);
-  command->add_option("--key", options->key,
-                      "Key of the container the file is meant for: its "
-                      "table's version is expected");
+  AddKeyOption(*command, options->key,
+               "the file is meant for it, and its table's version is "
+               "expected");
   command->add_flag("--compact", options->compact,
                     "The files are compact (export --compact): fields they "
                     "leave out are meant, not findings");
   command->add_flag("--json", options->json,
-                    "Findings as a JSON array (file, line, column, path, "
-                    "rule, message)");
+                    "Findings as a JSON array (severity, file, line, column, "
+                    "path, rule, message)");
   // Runs before the files are required, as --version does.
   command->add_flag_callback(
       "--list-rules",
@@ -163,10 +164,6 @@ void AddValidateCommand(CLI::App& app, int& exit_code) {
       },
       "Print the lint's rules (name and summary; a JSON array with --json) "
       "and exit");
-  command->footer(
-      "Example:\n  q3a-tuning validate feature.json --key 0,-1,1,0,-1");
-  command->callback(
-      [&exit_code, options] { exit_code = RunValidate(*options); });
 }
 
 }  // namespace q3a_tool
