@@ -19,10 +19,11 @@
 #include "protomsg/internal/json_options.h"
 #include "protomsg/record_conversions.h"
 #include "tests/support/file_bytes.h"
+#include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/table_edit.h"
 #include "tools/q3a_tuning/lint/json_document.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
-#include "tools/q3a_tuning/io/table_edit.h"
-#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 #include "tools/q3a_tuning/lint/validate.h"
 
 namespace q3a_bench {

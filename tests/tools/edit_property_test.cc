@@ -28,7 +28,7 @@ namespace {
 using google::protobuf::FieldDescriptor;
 using google::protobuf::Message;
 using q3a_tool::FileFormat;
-using q3a_tool::TableKind;
+using qawb::TableId;
 
 // A scalar of a table message, as set and get name it.
 struct Leaf {
@@ -129,10 +129,11 @@ class EditPropertyTest : public ToolTest,
  protected:
   // The table message of `file` as protobuf's parser reads it.
   template <typename Record>
-  bool ParseReference(const std::string& file, FileFormat format,
-                      typename q3a_tool::TableTraits<Record>::Message& loaded) {
+  bool ParseReference(
+      const std::string& file, FileFormat format,
+      typename protomsg::TuningTableTraits<Record>::Message& loaded) {
     const std::string text = ReadFile(file);
-    typename q3a_tool::TableTraits<Record>::Message parsed;
+    typename protomsg::TuningTableTraits<Record>::Message parsed;
     const bool ok =
         format == FileFormat::kJson
             ? google::protobuf::util::JsonStringToMessage(text, &parsed).ok()
@@ -157,14 +158,13 @@ TEST_P(EditPropertyTest, GetShowsWhatTheLibraryLoadsAndValidateSeesWhatItSwallow
                  "--format", format == FileFormat::kJson ? "json" : "binary"})
                 .exit_code,
             0);
-  const TableKind kind = q3a_tool::kAllTableKinds[random() % 4];
+  const TableId kind = q3a_tool::kAllTableIds[random() % 4];
   const std::string input =
       Path("t/" + std::string(q3a_tool::TableName(kind)) + ext);
   const std::string output = Path("edited" + ext);
 
-  q3a_tool::VisitTableKind(kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
-    typename q3a_tool::TableTraits<Record>::Message exported;
+  qawb::VisitTable(kind, [&]<typename Record>() {
+    typename protomsg::TuningTableTraits<Record>::Message exported;
     ASSERT_TRUE(ParseReference<Record>(input, format, exported));
     std::vector<Leaf> leaves;
     CollectLeaves(exported, "", leaves);
@@ -244,7 +244,7 @@ TEST_P(EditPropertyTest, GetShowsWhatTheLibraryLoadsAndValidateSeesWhatItSwallow
       WriteFile(output, text);
     }
 
-    typename q3a_tool::TableTraits<Record>::Message loaded;
+    typename protomsg::TuningTableTraits<Record>::Message loaded;
     ASSERT_TRUE(ParseReference<Record>(output, format, loaded));
     for (const std::string& path : paths) {
       const ToolResult got = Run({"get", output, path});

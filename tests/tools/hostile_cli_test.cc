@@ -198,8 +198,14 @@ INSTANTIATE_TEST_SUITE_P(
                     {"validate", "{d}/p/basic.pb", "--table", "color"}, 1,
                     "this is a basic table, not a color table"},
         HostileCase{"ValidateContainerDump",
-                    {"validate", "{d}/dump.bin", "--table", "basic"}, 1,
-                    "this is a tuning binary file"},
+                    {"validate", "{d}/dump.bin", "--from", "binary", "--table",
+                     "basic"},
+                    1, "this is a tuning binary file"},
+        HostileCase{"ValidateBinNamesTheTuningBinaryFile",
+                    {"validate", "{d}/dump.bin"}, 2,
+                    "dump.bin: cannot tell the format from the name (.json or "
+                    ".pb; a .bin is a tuning binary file, for inspect, dump "
+                    "and restore --base); give --from/--to json|binary"},
         HostileCase{"ConvertFifo", {"convert", "{d}/fifo.json", "{d}/x.pb"}, 2,
                     "it is a FIFO"},
         HostileCase{"ConvertWrongTable",
@@ -239,17 +245,17 @@ INSTANTIATE_TEST_SUITE_P(
                     2, "cct_list holds 36 entries; index 36 is past"},
         HostileCase{"LoadFifo",
                     {"load", "basic={d}/fifo.json", "--key", kKey}, 1,
-                    "warning: the basic table was not loaded: "
-                    "{d}/fifo.json: cannot read the file: it is a FIFO",
+                    "warning: {d}/fifo.json: the basic table was not loaded: "
+                    "cannot read the file: it is a FIFO",
                     "basic    " +
                         DefaultVersion<qawb::QAWBBasicTuningTable>() +
                         "    unchanged"},
         HostileCase{"LoadWrongTable",
                     {"load", "color={d}/t/basic.json", "--key", kKey}, 1,
-                    "warning: the color table was not loaded: "
-                    "{d}/t/basic.json: this is a basic table, not a color "
-                    "table; the container keeps the table it held, here a "
-                    "fresh container's default color table",
+                    "warning: {d}/t/basic.json: the color table was not "
+                    "loaded: this is a basic table, not a color table; the "
+                    "container keeps the table it held, here a fresh "
+                    "container's default color table",
                     "color    " +
                         DefaultVersion<qawb::QAWBColorControlTuningTable>() +
                         "    unchanged"},
@@ -372,8 +378,9 @@ INSTANTIATE_TEST_SUITE_P(
                     {"set", "{d}/t/basic.json",
                      "illuminant_weight_table.cct_list[30]=7000"},
                     0,
-                    "warning: illuminant_weight_table.cct_list[30]: entry 30 "
-                    "is at or past illuminant_weight_table.cct_number",
+                    "warning: {d}/t/basic.json: "
+                    "illuminant_weight_table.cct_list[30]: entry 30 is at or "
+                    "past illuminant_weight_table.cct_number",
                     "t/basic.json", {"t/basic.json"}},
         HostileCase{"SetCountOverCapacity",
                     {"set", "{d}/t/basic.json",
@@ -385,7 +392,9 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"SetCountOverCapacityForced",
                     {"set", "{d}/t/basic.json",
                      "illuminant_weight_table.cct_number=37", "--force"},
-                    0, "warning: illuminant_weight_table.cct_number",
+                    0,
+                    "warning: {d}/t/basic.json: "
+                    "illuminant_weight_table.cct_number",
                     "cct_number: ", {"t/basic.json"}},
         HostileCase{"SetToStdout",
                     {"set", "{d}/t/basic.json", "initial_cct=4321", "-o", "-"},
@@ -408,7 +417,7 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"GetBackupWithoutFrom",
                     {"get", "{d}/feature.json~", "version"}, 2,
                     "feature.json~: cannot tell the format from the name "
-                    "(.json, .pb or .bin); give --from json"},
+                    "(.json or .pb); give --from json"},
         HostileCase{"GetBackupFrom",
                     {"get", "{d}/feature.json~", "version", "--from", "json"},
                     0, "", "\"major\": 3"},
@@ -431,7 +440,7 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"SetContainerTable",
                     {"set", "awb:0,-1,1,0,-1:feature", "version.minor=1"}, 2,
                     "awb:0,-1,1,0,-1:feature: set takes a tuning file (.json, "
-                    ".pb, .bin, or another name with --from), not a "
+                    ".pb, or another name with --from), not a "
                     "container's table; `q3a-tuning export --key 0,-1,1,0,-1 "
                     "-o DIR` writes"},
         HostileCase{"ConvertDefaultsTable",
@@ -534,7 +543,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "typo.json: rejected as a basic table\n"},
         HostileCase{"CompactFileWithoutCompact",
                     {"validate", "{d}/c/feature.json"}, 1,
-                    "hint: {d}/c/feature.json reads like a compact file",
+                    "hint: {d}/c/feature.json: reads like a compact file",
                     "fields missing"},
         HostileCase{"DiffNamesKinds",
                     {"diff", "{d}/t/advance.json", "{d}/kind.json"}, 1, "",

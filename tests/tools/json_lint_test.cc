@@ -16,7 +16,7 @@ namespace {
 struct LintCase {
   const char* name;
   std::string text;
-  TableKind table;
+  qawb::TableId table;
   std::string rule;
   int line;
   int column;
@@ -38,8 +38,8 @@ TEST_P(DocumentLintTest, ReportsTheRuleAtItsPlace) {
       ValidateTableFile(path, FileFormat::kJson, c.table, built_in);
   ASSERT_TRUE(report.accepted) << "the library must accept the file";
   std::vector<std::string> seen;
-  for (const Problem& problem : report.problems) {
-    seen.push_back(ProblemText(problem) + " [" + problem.rule + "]");
+  for (const Diagnostic& problem : report.problems) {
+    seen.push_back(DiagnosticText(problem) + " [" + problem.rule + "]");
     if (problem.rule != c.rule) continue;
     EXPECT_EQ(problem.line, c.line) << seen.back();
     EXPECT_EQ(problem.column, c.column) << seen.back();
@@ -64,76 +64,76 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         LintCase{"DuplicateScalarLastWins",
                  Basic(R"("initial_cct": 4100, "initial_cct": 4200)"),
-                 TableKind::kBasic, "duplicate-key", 2, 22,
+                 qawb::TableId::kBasic, "duplicate-key", 2, 22,
                  "the last value that is not null (line 2, column 37) wins"},
         LintCase{"DuplicateListsJoined",
                  Basic(R"("illuminant_weight_table": {"cct_list": [1],
   "cct_list": [2]})"),
-                 TableKind::kBasic, "duplicate-key", 3, 3,
+                 qawb::TableId::kBasic, "duplicate-key", 3, 3,
                  "joins the lists"},
         LintCase{"TrailingComma", Basic(R"("initial_cct": 4100,)"),
-                 TableKind::kBasic, "trailing-comma", 2, 20,
+                 qawb::TableId::kBasic, "trailing-comma", 2, 20,
                  "other JSON tools refuse", false, "initial_cct"},
         // Paths name the schema's fields whatever the keys' spelling.
         LintCase{"TrailingCommaAfterCamelCaseKeys",
-                 Basic(R"("initialGain": {"rGain": 1,})"), TableKind::kBasic,
-                 "trailing-comma", 2, 27, "a comma", false,
-                 "initial_gain.r_gain"},
+                 Basic(R"("initialGain": {"rGain": 1,})"),
+                 qawb::TableId::kBasic, "trailing-comma", 2, 27, "a comma",
+                 false, "initial_gain.r_gain"},
         LintCase{"DuplicateThroughAnEscape",
                  Basic(R"("initial_cct": 4100, "initial\u005fcct": 4200)"),
-                 TableKind::kBasic, "duplicate-key", 2, 22,
+                 qawb::TableId::kBasic, "duplicate-key", 2, 22,
                  "the last value that is not null (line 2, column 42) wins"},
         LintCase{"DuplicateWithNullLast",
                  Basic(R"("initial_cct": 4100, "initial_cct": null)"),
-                 TableKind::kBasic, "duplicate-key", 2, 22,
+                 qawb::TableId::kBasic, "duplicate-key", 2, 22,
                  "(line 2, column 16) wins"},
         LintCase{"EscapeJsonLacks", Basic(R"("initial\_cct": 4100)"),
-                 TableKind::kBasic, "invalid-escape", 2, 9, "backslash", false,
-                 "initial_cct"},
+                 qawb::TableId::kBasic, "invalid-escape", 2, 9, "backslash",
+                 false, "initial_cct"},
         LintCase{"FormFeedAsSpace", Basic("\"initial_cct\":\f4100"),
-                 TableKind::kBasic, "whitespace", 2, 15, "form feed", false,
+                 qawb::TableId::kBasic, "whitespace", 2, 15, "form feed", false,
                  "initial_cct"},
         LintCase{"RepeatsCountedOnTheFirst",
                  Basic(R"("illuminant_weight_table": {"illuminant_cct_list":
   [{"weight_list": [2,]}, {"weight_list": [3,]}]})"),
-                 TableKind::kBasic, "trailing-comma", 3, 22,
+                 qawb::TableId::kBasic, "trailing-comma", 3, 22,
                  "(and 1 more like it at illuminant_weight_table."
                  "illuminant_cct_list[].weight_list[])"},
         LintCase{"SingleQuotes", Basic(R"('initial_cct': 4100)"),
-                 TableKind::kBasic, "single-quote", 2, 1, "single quotes"},
+                 qawb::TableId::kBasic, "single-quote", 2, 1, "single quotes"},
         LintCase{"SingleQuotedValue",
                  Basic(R"("initial_gain": {"r_gain": 'NaN'})"),
-                 TableKind::kBasic, "single-quote", 2, 28, "single quotes",
+                 qawb::TableId::kBasic, "single-quote", 2, 28, "single quotes",
                  false, "initial_gain.r_gain"},
         LintCase{"UnquotedKey", Basic(R"(initial_cct: 4100)"),
-                 TableKind::kBasic, "unquoted-key", 2, 1, "without quotes"},
+                 qawb::TableId::kBasic, "unquoted-key", 2, 1, "without quotes"},
         LintCase{"NotANumber",
                  Basic(R"("initial_gain": {"r_gain": "Infinity"})"),
-                 TableKind::kBasic, "not-a-number", 2, 28, "\"Infinity\""},
-        LintCase{"Null", Basic(R"("initial_cct": null)"), TableKind::kBasic,
+                 qawb::TableId::kBasic, "not-a-number", 2, 28, "\"Infinity\""},
+        LintCase{"Null", Basic(R"("initial_cct": null)"), qawb::TableId::kBasic,
                  "null", 2, 16, "loads as 0"},
         LintCase{"MissingFieldsSummarised",
                  Basic(R"("face_tuning_table": {"max_face_count": 5})"),
-                 TableKind::kFeature, "missing-fields", 2, 22,
+                 qawb::TableId::kFeature, "missing-fields", 2, 22,
                  "fields missing from face_tuning_table"},
         LintCase{"MissingVersion", R"({"initial_cct": 4100})",
-                 TableKind::kBasic, "missing-version", 1, 1,
+                 qawb::TableId::kBasic, "missing-version", 1, 1,
                  "reads version 0.0"},
         LintCase{"ZeroVersion",
                  R"({"version": {"major": 0, "minor": 0}, "initial_cct": 1})",
-                 TableKind::kBasic, "zero-version", 1, 13, "0.0"},
+                 qawb::TableId::kBasic, "zero-version", 1, 13, "0.0"},
         LintCase{"VersionOfAnotherTable",
                  Basic(R"("face_tuning_table": {"max_face_count": 5})"),
-                 TableKind::kFeature, "version-mismatch", 1, 13,
+                 qawb::TableId::kFeature, "version-mismatch", 1, 13,
                  "built-in feature table is version 3.3", true},
-        LintCase{"EmptyObject", "{}", TableKind::kColor, "empty-object", 1, 1,
-                 "every field of the table loads as 0"},
+        LintCase{"EmptyObject", "{}", qawb::TableId::kColor, "empty-object", 1,
+                 1, "every field of the table loads as 0"},
         LintCase{"AllZero", R"({"version": {"major": 0}})",
-                 TableKind::kColor, "all-zero", 1, 1, "every value"},
+                 qawb::TableId::kColor, "all-zero", 1, 1, "every value"},
         LintCase{"OverCapacityPointsAtTheFirstDropped",
                  Basic(R"("golden_module_table": {"golden_module_data":
   [{}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}]})"),
-                 TableKind::kBasic, "over-capacity", 3, 40,
+                 qawb::TableId::kBasic, "over-capacity", 3, 40,
                  "entries 9..10 are dropped"}),
     [](const auto& info) { return info.param.name; });
 

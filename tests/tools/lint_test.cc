@@ -22,7 +22,7 @@ std::vector<std::string> Lint(const std::string& json) {
   EXPECT_TRUE(google::protobuf::util::JsonStringToMessage(json, &message).ok())
       << json;
   std::vector<std::string> lines;
-  for (const Finding& finding : LintTableMessage(message)) {
+  for (const Diagnostic& finding : LintTableMessage(message)) {
     lines.push_back(finding.path + ": " + finding.message);
   }
   return lines;

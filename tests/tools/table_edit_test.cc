@@ -6,9 +6,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
+#include "protomsg/tuning_table_traits.h"
 #include "tools/q3a_tuning/io/edit_counts.h"
 
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
@@ -17,6 +19,32 @@ namespace q3a_tool {
 namespace {
 
 using testing::HasSubstr;
+
+// Every field reachable from the four tables is of a type get and set
+// handle; a field of another type added to the schema fails here.
+void ExpectEditable(const google::protobuf::Descriptor& message,
+                    std::set<const google::protobuf::Descriptor*>& seen) {
+  if (!seen.insert(&message).second) return;
+  for (int i = 0; i < message.field_count(); ++i) {
+    const google::protobuf::FieldDescriptor& field = *message.field(i);
+    EXPECT_TRUE(IsEditableFieldType(field.cpp_type()))
+        << field.full_name() << " is a " << field.cpp_type_name();
+    if (field.message_type() != nullptr) {
+      ExpectEditable(*field.message_type(), seen);
+    }
+  }
+}
+
+TEST(TableEdit, EveryFieldOfTheSchemaHasATypeSetHandles) {
+  std::set<const google::protobuf::Descriptor*> seen;
+  qawb::ForEachTable([&]<typename Record>() {
+    ExpectEditable(
+        *protomsg::TuningTableTraits<Record>::Message::descriptor(), seen);
+  });
+  EXPECT_GT(seen.size(), 4u);
+  EXPECT_FALSE(IsEditableFieldType(
+      google::protobuf::FieldDescriptor::CPPTYPE_STRING));
+}
 
 TEST(TableEdit, SetsAndGetsScalarsEnumsAndListEntries) {
   qawb::tuning::QAWBBasicTuningTable table;
@@ -89,8 +117,12 @@ TEST_P(CountedEditTest, WarnsOfUnusedEntriesAndRefusesOverfullCounts) {
         SetValue(table, paths.back(), assignment.substr(equals + 1)).ok());
   }
   const EditCountCheck check = CheckEditedCounts(table, paths);
+  std::vector<std::string> unused;
+  for (const Diagnostic& entry : check.unused_entries) {
+    unused.push_back(DiagnosticText(entry));
+  }
   for (const auto& [found, expected] :
-       {std::pair{check.unused_entries, GetParam().unused},
+       {std::pair{unused, GetParam().unused},
         std::pair{check.over_capacity, GetParam().over_capacity}}) {
     if (*expected == '\0') {
       EXPECT_TRUE(found.empty()) << found[0];

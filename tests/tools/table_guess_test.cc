@@ -1,8 +1,6 @@
 // Which table a file holds: every table written by the library's writers is
 // named as itself in both formats and refused as any other, a container
 // dump is named as such, and what fits several tables is not guessed.
-#include "tools/q3a_tuning/io/table_guess.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -12,6 +10,7 @@
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/tuning_binary_file.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 
 namespace q3a_tool {
 namespace {
@@ -26,23 +25,23 @@ TEST_P(TableGuessTest, NamesEveryDefaultTableAndRefusesTheOthers) {
   ASSERT_TRUE(result.errors.empty());
   const std::vector<std::string>& written = result.written;
   for (std::size_t i = 0; i < written.size(); ++i) {
-    const TableKind kind = kAllTableKinds[i];
+    const qawb::TableId kind = kAllTableIds[i];
     const Result<std::string> content = ReadInputFile(written[i]);
     ASSERT_TRUE(content.ok());
     const TableGuess guess = GuessTable(*content, GetParam());
     ASSERT_TRUE(guess.kind.has_value()) << written[i] << ": " << guess.note;
     EXPECT_EQ(*guess.kind, kind) << written[i];
     EXPECT_TRUE(guess.certain);
-    for (TableKind other : kAllTableKinds) {
+    for (qawb::TableId other : kAllTableIds) {
       const auto refused =
           CheckTableFits(written[i], *content, GetParam(), other);
       EXPECT_EQ(refused.has_value(), other != kind) << written[i];
       if (refused) {
         EXPECT_THAT(refused->message,
-                    testing::HasSubstr(std::string("this is ") +
-                                       (kind == TableKind::kAdvance ? "an "
-                                                                    : "a ") +
-                                       std::string(TableName(kind))));
+                    testing::HasSubstr(
+                        std::string("this is ") +
+                        (kind == qawb::TableId::kAdvance ? "an " : "a ") +
+                        std::string(TableName(kind))));
       }
     }
   }

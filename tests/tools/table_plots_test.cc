@@ -76,7 +76,8 @@ void ExpectSoundLayout(const Panel& panel, const std::string& where) {
 template <typename Record>
 void CheckTable(const Record& table, const std::string& where) {
   const TablePlots plots = PlotTable(table, nullptr, {where, ""});
-  EXPECT_TRUE(plots.findings.empty()) << where << ": " << plots.findings[0];
+  EXPECT_TRUE(plots.findings.empty())
+      << where << ": " << DiagnosticText(plots.findings[0]);
   ASSERT_FALSE(plots.figures.empty()) << where;
   for (const Figure& figure : plots.figures) {
     EXPECT_THAT(figure.title, HasSubstr(where));
@@ -104,8 +105,9 @@ TEST(TablePlots, EveryRegisteredTableLaysOutSoundly) {
     const auto& tuning = *static_cast<const qawb::QAWBTuning*>(r.object);
     const std::string key = FormatTuningKey(r.key);
     qawb::ForEachTable([&]<typename Record>() {
-      CheckTable(*qawb::GetTable<Record>(tuning),
-                 key + " " + std::string(TableTraits<Record>::kName));
+      CheckTable(
+          *qawb::GetTable<Record>(tuning),
+          key + " " + std::string(protomsg::TuningTableTraits<Record>::kName));
     });
   }
   EXPECT_GT(containers, 0);
@@ -150,11 +152,15 @@ TEST(TablePlots, NonFiniteValuesAreFindingsAndLeftOut) {
   table->golden_module_table.golden_module_data[0].golden_reference_point.bg =
       INFINITY;
   const TablePlots plots = PlotTable(*table, nullptr, {"edited", ""});
-  EXPECT_THAT(plots.findings,
-              Contains(HasSubstr(
-                  "edited: reference_point_list.reference_point_list[1].rg: "
-                  "value nan is not finite")));
-  EXPECT_THAT(plots.findings,
+  std::vector<std::string> findings;
+  for (const Diagnostic& finding : plots.findings) {
+    findings.push_back(DiagnosticText(finding));
+  }
+  EXPECT_THAT(findings, Contains(HasSubstr(
+                            "warning: edited: "
+                            "reference_point_list.reference_point_list[1].rg: "
+                            "value nan is not finite")));
+  EXPECT_THAT(findings,
               Contains(HasSubstr("golden_module_table.golden_module_data[0]."
                                  "golden_reference_point.bg: value inf")));
   const Panel& plane = plots.figures[0].panels[0];
@@ -200,7 +206,9 @@ TEST(HtmlReport, EscapesEveryTextAndHasEverySection) {
   data.key = "<script>alert(1)</script>";
   data.registrations = {"awb <b>"};
   data.tables = {{"basic", "B1", "3.1", "awb#1 & awb#2", "B2", "x\"y.json"}};
-  data.findings = {{"basic", "<file>", "path: <bad> & 'worse'"}};
+  data.findings = {
+      {"basic",
+       {.file = "<file>", .path = "path", .message = "<bad> & 'worse'"}}};
   ReportSection section;
   section.id = "basic";
   section.heading = "basic <table>";

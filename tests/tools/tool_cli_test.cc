@@ -6,6 +6,8 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <regex>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -178,7 +180,9 @@ TEST_F(ToolCliTest, LoadReportsAFileTheLoaderIgnored) {
               HasSubstr("advance  " +
                         DefaultVersion<qawb::QAWBAdvanceTuningTable>() +
                         "    unchanged"));
-  EXPECT_THAT(result.err, HasSubstr(broken + ":1:14: version.majr: "));
+  EXPECT_THAT(result.err, HasSubstr("warning: " + broken +
+                                    ":1:14: the advance table was not loaded: "
+                                    "version.majr: "));
 }
 
 TEST_F(ToolCliTest, DumpAndRestoreRoundTripTheTuningBinaryFile) {
@@ -343,6 +347,51 @@ TEST_F(ToolCliTest, ValidateAcceptsAnEditedExportAndNamesItsTable) {
             Path("t") + "/advance.json: advance table version " +
                 BuiltInVersion<qawb::QAWBAdvanceTuningTable>(kTuningKey) +
                 ": ok\n");
+}
+
+// The rule names in the README's table of lint rules (its first column).
+std::set<std::string> ReadmeRuleNames() {
+  std::istringstream readme(ReadFile(Q3A_SOURCE_ROOT "/README.md"));
+  std::set<std::string> names;
+  bool in_table = false;
+  for (std::string line; std::getline(readme, line);) {
+    if (line.starts_with("| rule |")) {
+      in_table = true;
+    } else if (in_table && !line.starts_with("|")) {
+      break;
+    } else if (in_table) {
+      const std::string first = line.substr(0, line.find(" |", 1));
+      const std::regex name("`([a-z-]+)`");
+      for (std::sregex_iterator it(first.begin(), first.end(), name), end;
+           it != end; ++it) {
+        names.insert((*it)[1]);
+      }
+    }
+  }
+  return names;
+}
+
+TEST_F(ToolCliTest, ListRulesMatchesTheReadmeTable) {
+  const ToolResult json = Run({"validate", "--list-rules", "--json"});
+  ASSERT_EQ(json.exit_code, 0) << json.err;
+  std::set<std::string> listed;
+  const std::regex name("\"name\": \"([a-z-]+)\"");
+  for (std::sregex_iterator it(json.out.begin(), json.out.end(), name), end;
+       it != end; ++it) {
+    EXPECT_TRUE(listed.insert((*it)[1]).second) << (*it)[1] << " twice";
+  }
+  EXPECT_THAT(listed, testing::Contains("unreadable"));
+  EXPECT_EQ(ReadmeRuleNames(), listed);
+
+  // The text form: one line per rule, led by its name.
+  const ToolResult text = Run({"validate", "--list-rules"});
+  ASSERT_EQ(text.exit_code, 0) << text.err;
+  std::set<std::string> text_names;
+  std::istringstream lines(text.out);
+  for (std::string line; std::getline(lines, line);) {
+    text_names.insert(line.substr(0, line.find(' ')));
+  }
+  EXPECT_EQ(text_names, listed);
 }
 
 // What scripts rely on: which stream carries what, and the exit code.

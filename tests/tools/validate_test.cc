@@ -1,8 +1,6 @@
 // Validation of what the library swallows beyond a JSON file's text: binary
 // files cut short, tables of zeros, and tuning binary files of bytes that
 // were never tables.
-#include "tools/q3a_tuning/lint/validate.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -14,8 +12,9 @@
 #include "tests/support/file_bytes.h"
 #include "tests/tools/wire_fields.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
-#include "tools/q3a_tuning/io/plausibility.h"
 #include "tools/q3a_tuning/io/registry_view.h"
+#include "tools/q3a_tuning/lint/plausibility.h"
+#include "tools/q3a_tuning/lint/validate.h"
 
 namespace q3a_tool {
 namespace {
@@ -25,11 +24,13 @@ using google::protobuf::Message;
 
 std::vector<std::string> Rules(const ValidationReport& report) {
   std::vector<std::string> rules;
-  for (const Problem& problem : report.problems) rules.push_back(problem.rule);
+  for (const Diagnostic& problem : report.problems) {
+    rules.push_back(problem.rule);
+  }
   return rules;
 }
 
-class TableTest : public testing::TestWithParam<TableKind> {
+class TableTest : public testing::TestWithParam<qawb::TableId> {
  protected:
   q3a_test::ScopedTempDir dir_;
 };
@@ -85,9 +86,8 @@ void ZeroEveryKind(Message& message) {
 
 // A file of zeros, kinds written as the message's zero, whatever the table.
 TEST_P(TableTest, ZerosEverywhereAreAllZero) {
-  VisitTableKind(GetParam(), [&](auto type) {
-    using Record = typename decltype(type)::type;
-    typename TableTraits<Record>::Message message;
+  qawb::VisitTable(GetParam(), [&]<typename Record>() {
+    typename protomsg::TuningTableTraits<Record>::Message message;
     protomsg::ConvertToMessage(*MakeZeroedTable<Record>(), message);
     ZeroEveryKind(message);
     for (FileFormat format : {FileFormat::kJson, FileFormat::kBinary}) {
@@ -114,8 +114,7 @@ TEST_P(TableTest, OnlyRealTablesArePlausible) {
       containers.push_back(static_cast<const qawb::QAWBTuning*>(r.object));
     }
   }
-  VisitTableKind(GetParam(), [&](auto type) {
-    using Record = typename decltype(type)::type;
+  qawb::VisitTable(GetParam(), [&]<typename Record>() {
     for (const qawb::QAWBTuning* container : containers) {
       const Record* table = qawb::GetTable<Record>(*container);
       EXPECT_THAT(FindImplausibleValues(GetParam(), q3a_test::BytesOf(*table)),
@@ -129,8 +128,7 @@ TEST_P(TableTest, OnlyRealTablesArePlausible) {
   });
 }
 
-INSTANTIATE_TEST_SUITE_P(Tables, TableTest,
-                         testing::ValuesIn(kAllTableKinds),
+INSTANTIATE_TEST_SUITE_P(Tables, TableTest, testing::ValuesIn(kAllTableIds),
                          [](const auto& info) {
                            return std::string(TableName(info.param));
                          });

@@ -1,16 +1,54 @@
-// Options that several subcommands take, each defined once here so that
-// they read and behave alike everywhere.
+// How a subcommand is registered, and the options several subcommands
+// take, each defined once here so that they read and behave alike
+// everywhere.
 #ifndef TOOLS_Q3A_TUNING_COMMANDS_COMMAND_OPTIONS_H_
 #define TOOLS_Q3A_TUNING_COMMANDS_COMMAND_OPTIONS_H_
 
 #include <CLI/CLI.hpp>
+#include <memory>
 #include <string>
 
 namespace q3a_tool {
 
+// Registers the subcommand `name` with `help`, its help ending with
+// `example` (a command line). When it runs, `run` gets `options` as its
+// flags filled them, and its result becomes the tool's exit code.
+template <typename Options>
+CLI::App* AddSubcommand(CLI::App& app, int& exit_code, std::string name,
+                        std::string help, const std::string& example,
+                        std::shared_ptr<Options> options,
+                        int (*run)(const Options&)) {
+  CLI::App* command = app.add_subcommand(std::move(name), std::move(help));
+  command->footer("Example:\n  " + example);
+  command->callback(
+      [&exit_code, options, run] { exit_code = run(*options); });
+  return command;
+}
+
 // --from FORMAT: the format of the command's input tuning files, for names
 // that do not tell (feature.json~, feature.bak, /dev/stdin).
 CLI::Option* AddFromOption(CLI::App& command, std::string& from);
+
+// --table TABLE: which table the input holds, guessed if omitted.
+CLI::Option* AddTableOption(CLI::App& command, std::string& table);
+
+// --key KEY: a registered AWB container; `role` says what the command does
+// with it.
+CLI::Option* AddKeyOption(CLI::App& command, std::string& key,
+                          const std::string& role);
+
+// --format json|binary: what the written tuning files hold.
+CLI::Option* AddFormatOption(CLI::App& command, std::string& format);
+
+// --compact: write only what carries meaning.
+CLI::Option* AddCompactFlag(CLI::App& command, bool& compact);
+
+// --force: replace files in the output directory that hold something else.
+CLI::Option* AddReplaceFlag(CLI::App& command, bool& force);
+
+// -o/--output: where the command writes, `what` being the help text.
+CLI::Option* AddOutputOption(CLI::App& command, std::string& output,
+                             const std::string& what);
 
 }  // namespace q3a_tool
 

@@ -9,9 +9,9 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-
 #include <string>
 
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/io/table_file.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 
@@ -37,12 +37,6 @@ void AddReportCommand(CLI::App& app, int& exit_code);
 int ExportTableFiles(const qawb::QAWBTuning& tuning,
                      const std::string& directory,
                      const TableFileOptions& options);
-
-// Prints `error` on stderr; returns its exit code.
-inline int ReportError(const ToolError& error) {
-  fmt::print(stderr, "{}\n", error.message);
-  return error.exit_code;
-}
 
 }  // namespace q3a_tool
 

@@ -7,11 +7,12 @@
 
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/io/table_guess.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 #include "tools/q3a_tuning/lint/validate.h"
 
 namespace q3a_tool {
@@ -44,34 +45,28 @@ int RunConvert(const ConvertOptions& options) {
   if (auto refused = CheckOutputPath(options.output, write.output)) {
     return ReportError(*refused);
   }
-  const Result<TableKind> kind =
+  const Result<qawb::TableId> kind =
       ResolveTable(options.input, *from, options.table);
   if (!kind.ok()) return ReportError(kind.error());
   // The record keeps only what fits; say so before it is lost.
   const ValidationReport report =
       ValidateTableFile(options.input, *from, *kind);
   if (report.unreadable) return ReportError(*report.unreadable);
+  DiagnosticSink diagnostics;
   if (!report.accepted) {
-    for (const Problem& problem : report.problems) {
-      fmt::print(stderr, "{}\n", ProblemText(problem));
-    }
+    diagnostics.Report(report.problems);
     return kExitFailure;
   }
-  for (const Problem& problem : report.problems) {
-    fmt::print(stderr, "warning: {}\n", ProblemText(problem));
-  }
-  return VisitTableKind(*kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  for (const Diagnostic& problem : report.problems) diagnostics.Warn(problem);
+  return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     if (auto error = LoadTableFile(options.input, *from, *table)) {
       return ReportError(*error);
     }
-    const Result<std::vector<std::string>> warnings =
+    const Result<std::vector<Diagnostic>> warnings =
         WriteTableFile(options.output, *table, write);
     if (!warnings.ok()) return ReportError(warnings.error());
-    for (const std::string& warning : *warnings) {
-      fmt::print(stderr, "warning: {}\n", warning);
-    }
+    diagnostics.Report(*warnings);
     if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
     return kExitOk;
   });
@@ -81,28 +76,23 @@ int RunConvert(const ConvertOptions& options) {
 
 void AddConvertCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<ConvertOptions>();
-  auto* command = app.add_subcommand(
-      "convert",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "convert",
       "Convert a tuning file between JSON and binary protobuf. The table "
       "passes through its record: entries beyond capacity are dropped "
       "(with a warning) and every list comes out at full capacity unless "
-      "--compact. The output must not be the input.");
+      "--compact. The output must not be the input.",
+      "q3a-tuning convert feature.json feature.pb", options, RunConvert);
   command->add_option("input", options->input, "Tuning file to read")
       ->required();
   command->add_option("output", options->output,
                       "Tuning file to write; - for stdout (JSON only)")
       ->required();
-  command->add_option("--table", options->table,
-                      TableNames() + " (guessed if omitted)");
+  AddTableOption(*command, options->table);
   AddFromOption(*command, options->from);
   command->add_option("--to", options->to,
                       "json or binary (from the extension if omitted)");
-  command->add_flag("--compact", options->compact,
-                    "Write only what carries meaning: lists up to their "
-                    "counts, no zero tails, no default scalars");
-  command->footer("Example:\n  q3a-tuning convert feature.json feature.pb");
-  command->callback(
-      [&exit_code, options] { exit_code = RunConvert(*options); });
+  AddCompactFlag(*command, options->compact);
 }
 
 }  // namespace q3a_tool

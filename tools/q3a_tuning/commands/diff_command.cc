@@ -12,9 +12,10 @@
 
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/diagnostic.h"
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/io/problem.h"
 #include "tools/q3a_tuning/io/record_diff.h"
 #include "tools/q3a_tuning/lint/json_document.h"
 
@@ -37,24 +38,24 @@ ToolError Trouble(ToolError error) {
 
 // The table both operands hold: named by --table or a container operand,
 // else guessed from the files, which must agree.
-Result<TableKind> CommonTable(const TableOperand& a, const TableOperand& b,
-                              const std::string& table_option) {
-  std::optional<TableKind> kind;
+Result<qawb::TableId> CommonTable(const TableOperand& a, const TableOperand& b,
+                                  const std::string& table_option) {
+  std::optional<qawb::TableId> kind;
   if (!table_option.empty()) {
-    const Result<TableKind> named = ParseTableOption(table_option);
+    const Result<qawb::TableId> named = ParseTableOption(table_option);
     if (!named.ok()) return named;
     kind = *named;
   }
   // A container operand names its table; files are checked against it.
   if (!kind) kind = a.kind ? a.kind : b.kind;
   for (const TableOperand* operand : {&a, &b}) {
-    std::optional<TableKind> own = operand->kind;
+    std::optional<qawb::TableId> own = operand->kind;
     if (!own && !operand->file.empty()) {
       const Result<FileFormat> format =
           InputFormat(operand->file, operand->from);
       if (!format.ok()) return format.error();
-      const Result<TableKind> guessed =
-          ResolveTable(operand->file, *format, kind ? std::string(TableName(*kind)) : "");
+      const Result<qawb::TableId> guessed = ResolveTable(
+          operand->file, *format, kind ? std::string(TableName(*kind)) : "");
       if (!guessed.ok()) return guessed.error();
       own = *guessed;
     }
@@ -81,18 +82,21 @@ void PrintJson(const TableOperand& b,
       }
     }
   }
-  std::vector<Problem> problems;
+  DiagnosticSink sink(stdout, /*json=*/true);
   for (const Difference& d : differences) {
-    Problem problem{b.name, 0, 0, d.path, "differs",
-                    d.old_value + " -> " + d.new_value};
+    Diagnostic difference{.file = b.name,
+                          .path = d.path,
+                          .rule = "differs",
+                          .message = d.old_value + " -> " + d.new_value,
+                          .severity = Severity::kNote};
     if (document) {
       const TextPosition at = PositionOfPath(document->root(), d.path);
-      problem.line = at.line;
-      problem.column = at.column;
+      difference.line = at.line;
+      difference.column = at.column;
     }
-    problems.push_back(std::move(problem));
+    sink.Report(difference);
   }
-  fmt::print("{}", ProblemsJson(problems));
+  sink.Finish();
 }
 
 int RunDiff(const DiffOptions& options) {
@@ -109,10 +113,9 @@ int RunDiff(const DiffOptions& options) {
   const Result<TableOperand> b =
       ParseTableOperand(options.b, *defaults, options.from);
   if (!b.ok()) return ReportError(b.error());
-  const Result<TableKind> kind = CommonTable(*a, *b, options.table);
+  const Result<qawb::TableId> kind = CommonTable(*a, *b, options.table);
   if (!kind.ok()) return ReportError(Trouble(kind.error()));
-  return VisitTableKind(*kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto old_table = MakeZeroedTable<Record>();
     auto new_table = MakeZeroedTable<Record>();
     for (auto [operand, table] :
@@ -140,28 +143,27 @@ int RunDiff(const DiffOptions& options) {
 
 void AddDiffCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<DiffOptions>();
-  auto* command = app.add_subcommand(
-      "diff",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "diff",
       "Compare two tables field by field and print `path: old -> new`. An "
       "operand is a tuning file (.json, .pb), awb:KEY:TABLE for a registered "
       "container's table (awb:0,-1,1,0,-1:feature) or defaults:TABLE. Files "
       "are read over zeroed tables, as the override loader reads them. Exit "
-      "0 the same, 1 different, 2 trouble.");
+      "0 the same, 1 different, 2 trouble.",
+      "q3a-tuning diff awb:0,-1,1,0,-1:feature feature.json", options,
+      RunDiff);
   command->add_option("old", options->a, "The first table")->required();
   command->add_option("new", options->b, "The second table")->required();
-  command->add_option("--table", options->table,
-                      TableNames() + " (guessed if omitted)");
+  AddTableOption(*command, options->table);
   command
       ->add_option("--tolerance", options->tolerance,
                    "Floats this close count as equal")
       ->capture_default_str();
   AddFromOption(*command, options->from);
   command->add_flag("--json", options->json,
-                    "The differences as a JSON array of {file, line, column, "
-                    "path, rule, message: \"old -> new\"}, placed in NEW");
-  command->footer(
-      "Example:\n  q3a-tuning diff awb:0,-1,1,0,-1:feature feature.json");
-  command->callback([&exit_code, options] { exit_code = RunDiff(*options); });
+                    "The differences as a JSON array of {severity, file, "
+                    "line, column, path, rule, message: \"old -> new\"}, "
+                    "placed in NEW");
 }
 
 }  // namespace q3a_tool

@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/table_file.h"
 
@@ -60,9 +62,7 @@ int ExportTableFiles(const qawb::QAWBTuning& tuning,
                         kExitUsage});
   }
   const TableFilesResult result = WriteTableFiles(tuning, directory, options);
-  for (const std::string& warning : result.warnings) {
-    fmt::print(stderr, "warning: {}\n", warning);
-  }
+  DiagnosticSink().Report(result.warnings);
   for (const ToolError& error : result.errors) ReportError(error);
   for (const std::string& path : result.written) fmt::print("{}\n", path);
   return result.errors.empty() ? kExitOk : kExitFailure;
@@ -70,38 +70,32 @@ int ExportTableFiles(const qawb::QAWBTuning& tuning,
 
 void AddExportCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<ExportOptions>();
-  auto* command = app.add_subcommand(
-      "export",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "export",
       "Write the four AWB tables of a registered container (or the mutable "
       "container's defaults) as tuning files basic, advance, color and "
       "feature in a directory (created if needed); prints the files that "
       "hold them. A file there that holds anything else (an edit) is "
-      "left as it was, and named, unless --force.");
+      "left as it was, and named, unless --force.",
+      "q3a-tuning export --key 0,-1,1,0,-1 -o tables", options, RunExport);
   command->add_option("--node", options->node, "Node type (only awb)")
       ->capture_default_str();
-  auto* key = command->add_option(
-      "--key", options->key,
-      "Tuning key use_case,sensor_mode,camera_position,lens_type,reserved");
+  auto* key = AddKeyOption(*command, options->key, "the tables to export");
   auto* defaults = command->add_flag(
       "--defaults", options->defaults,
       "Export the tables a fresh mutable container starts with");
   key->excludes(defaults);
-  command->add_option("-o,--output", options->directory, "Output directory")
-      ->required();
-  command->add_option("--format", options->format, "json or binary")
-      ->capture_default_str();
-  command->add_flag("--compact", options->compact,
-                    "Write only what carries meaning: lists up to their "
-                    "counts, no zero tails, no default scalars");
-  command->add_flag("--force", options->force,
-                    "Replace files that hold something else");
-  command->footer("Example:\n  q3a-tuning export --key 0,-1,1,0,-1 -o tables");
-  command->callback([&exit_code, options, key, defaults] {
+  // One of them is needed; checked before the command runs.
+  command->parse_complete_callback([key, defaults] {
     if (key->count() == 0 && defaults->count() == 0) {
       throw CLI::ValidationError("export", "give --key KEY or --defaults");
     }
-    exit_code = RunExport(*options);
   });
+  AddOutputOption(*command, options->directory, "Output directory")
+      ->required();
+  AddFormatOption(*command, options->format);
+  AddCompactFlag(*command, options->compact);
+  AddReplaceFlag(*command, options->force);
 }
 
 }  // namespace q3a_tool

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "coordinator/tuning_map.h"
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
 #include "tools/q3a_tuning/io/json_text.h"
 #include "tools/q3a_tuning/io/registry_view.h"
@@ -17,7 +18,7 @@ namespace {
 std::string TablesColumn(const qawb::QAWBTuning& tuning,
                          const AwbTableLabels& labels) {
   std::string column;
-  for (TableKind kind : kAllTableKinds) {
+  for (qawb::TableId kind : kAllTableIds) {
     const std::optional<qawb::QAWBParameterVersion> version =
         TableVersion(tuning, kind);
     column += fmt::format("  {} {:<3} {:<5}", TableName(kind),
@@ -47,7 +48,7 @@ void PrintTable(const std::vector<Registration>& registrations,
   for (const Registration& r : registrations) {
     if (r.node != q3a_api::kAwb) continue;
     const auto& tuning = *static_cast<const qawb::QAWBTuning*>(r.object);
-    for (TableKind kind : kAllTableKinds) {
+    for (qawb::TableId kind : kAllTableIds) {
       const void* table = TablePointer(tuning, kind);
       if (std::find(seen.begin(), seen.end(), table) != seen.end()) continue;
       seen.push_back(table);
@@ -83,7 +84,7 @@ void PrintJson(const std::vector<Registration>& registrations,
     if (r.node == q3a_api::kAwb) {
       const auto& tuning = *static_cast<const qawb::QAWBTuning*>(r.object);
       json.Key("tables").BeginObject();
-      for (TableKind kind : kAllTableKinds) {
+      for (qawb::TableId kind : kAllTableIds) {
         const void* table = TablePointer(tuning, kind);
         const auto version = TableVersion(tuning, kind);
         json.Key(TableName(kind)).BeginObject();
@@ -109,28 +110,33 @@ void PrintJson(const std::vector<Registration>& registrations,
   fmt::print("{}\n", json.Text());
 }
 
+struct ListOptions {
+  bool json = false;
+};
+
+int RunList(const ListOptions& options) {
+  const std::vector<Registration> registrations =
+      ListRegistrations(q3a_coordinator::GetTuningMap());
+  const AwbTableLabels labels(registrations);
+  if (options.json) {
+    PrintJson(registrations, labels);
+  } else {
+    PrintTable(registrations, labels);
+  }
+  return kExitOk;
+}
+
 }  // namespace
 
 void AddListCommand(CLI::App& app, int& exit_code) {
-  auto* command = app.add_subcommand(
-      "list",
+  auto options = std::make_shared<ListOptions>();
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "list",
       "Show every registration: node type, key (use_case,sensor_mode,"
       "camera_position,lens_type,reserved), object and, for AWB containers, "
-      "the four tables with their versions and sharing.");
-  auto json = std::make_shared<bool>(false);
-  command->add_flag("--json", *json, "Machine-readable output");
-  command->footer("Example:\n  q3a-tuning list --json");
-  command->callback([&exit_code, json] {
-    const std::vector<Registration> registrations =
-        ListRegistrations(q3a_coordinator::GetTuningMap());
-    const AwbTableLabels labels(registrations);
-    if (*json) {
-      PrintJson(registrations, labels);
-    } else {
-      PrintTable(registrations, labels);
-    }
-    exit_code = kExitOk;
-  });
+      "the four tables with their versions and sharing.",
+      "q3a-tuning list --json", options, RunList);
+  command->add_flag("--json", options->json, "Machine-readable output");
 }
 
 }  // namespace q3a_tool

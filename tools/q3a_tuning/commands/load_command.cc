@@ -13,13 +13,15 @@
 #include <vector>
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/io/table_guess.h"
 #include "tools/q3a_tuning/io/tuning_binary_file.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 #include "tuning/qawb/load_qawb_tuning_from_file.h"
 
 namespace q3a_tool {
@@ -32,9 +34,10 @@ struct LoadOptions {
 };
 
 // The setter the loader names in its DEBUG line for each table.
-std::string_view SetterName(TableKind kind) {
-  return qawb::VisitTable(
-      kind, []<typename Record>() { return TableTraits<Record>::kSetterName; });
+std::string_view SetterName(qawb::TableId kind) {
+  return qawb::VisitTable(kind, []<typename Record>() {
+    return protomsg::TuningTableTraits<Record>::kSetterName;
+  });
 }
 
 std::string_view SeverityLetter(android::base::LogSeverity severity) {
@@ -46,17 +49,19 @@ std::string_view SeverityLetter(android::base::LogSeverity severity) {
 }
 
 // Why the loader did not take `path` as the `kind` table.
-std::string WhyNotLoaded(const std::string& path, TableKind kind) {
+Diagnostic WhyNotLoaded(const std::string& path, qawb::TableId kind) {
   const Result<std::string> content = ReadInputFile(path);
-  if (!content.ok()) return content.error().message;
+  if (!content.ok()) return DiagnosticOf(content.error(), path);
   if (auto refused = CheckTableFits(path, *content, FileFormat::kJson, kind)) {
-    return refused->message;
+    return DiagnosticOf(*refused, path);
   }
   if (FormatFromPath(path) == FileFormat::kBinary) {
-    return path + ": the loader reads JSON tuning files only; this one is "
-                  "binary (`q3a-tuning convert` makes a JSON file of it)";
+    return {.file = path,
+            .message =
+                "the loader reads JSON tuning files only; this one is "
+                "binary (`q3a-tuning convert` makes a JSON file of it)"};
   }
-  return DescribeReadFailure(path, FileFormat::kJson, kind);
+  return DiagnoseReadFailure(path, FileFormat::kJson, kind);
 }
 
 int RunLoad(const LoadOptions& options) {
@@ -66,7 +71,7 @@ int RunLoad(const LoadOptions& options) {
   for (const std::string& assignment : options.assignments) {
     const std::size_t equals = assignment.find('=');
     const std::string name = assignment.substr(0, equals);
-    if (equals == std::string::npos || !ParseTableKind(name)) {
+    if (equals == std::string::npos || !qawb::FindTable(name)) {
       return ReportError(
           {fmt::format("'{}': expected TABLE=PATH with TABLE one of {} (the "
                        "loader would silently ignore any other name)",
@@ -116,7 +121,8 @@ int RunLoad(const LoadOptions& options) {
     return ReportError({"the loader returned no container", kExitFailure});
   }
   int status = kExitOk;
-  for (TableKind kind : kAllTableKinds) {
+  DiagnosticSink diagnostics;
+  for (qawb::TableId kind : kAllTableIds) {
     const std::string version = VersionString(*TableVersion(*result, kind));
     const auto file = files.find(std::string(TableName(kind)));
     if (file == files.end()) {
@@ -137,14 +143,17 @@ int RunLoad(const LoadOptions& options) {
                TableName(kind), version,
                file->second.empty() ? "the path is empty"
                                     : file->second + " was not loaded");
-    const std::string why = file->second.empty()
-                                ? "the path is empty"
-                                : WhyNotLoaded(file->second, kind);
-    fmt::print(stderr,
-               "warning: the {} table was not loaded: {}; the container "
-               "keeps the table it held, here a fresh container's default {} "
-               "table (version {}), not awb:{}'s\n",
-               TableName(kind), why, TableName(kind), version, options.key);
+    Diagnostic why = file->second.empty()
+                         ? Diagnostic{.message = "the path is empty"}
+                         : WhyNotLoaded(file->second, kind);
+    why.message = fmt::format(
+        "the {} table was not loaded: {}{}; the container keeps the table it "
+        "held, here a fresh container's default {} table (version {}), not "
+        "awb:{}'s",
+        TableName(kind), why.path.empty() ? "" : why.path + ": ", why.message,
+        TableName(kind), version, options.key);
+    why.path.clear();
+    diagnostics.Warn(why);
     status = kExitFailure;
   }
   if (!options.output.empty()) {
@@ -162,23 +171,19 @@ int RunLoad(const LoadOptions& options) {
 
 void AddLoadCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<LoadOptions>();
-  auto* command = app.add_subcommand(
-      "load",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "load",
       "Run the override loader with JSON tuning files over a registered AWB "
       "container; print its DEBUG lines and where each table came from. "
-      "A file the loader did not take gets a warning on stderr and exit 1.");
+      "A file the loader did not take gets a warning on stderr and exit 1.",
+      "q3a-tuning load feature=feature.json --key 0,-1,1,0,-1 -o tuning.bin",
+      options, RunLoad);
   command->add_option("files", options->assignments,
                       std::string("TABLE=PATH, TABLE one of ") + TableNames());
-  command
-      ->add_option("--key", options->key,
-                   "Key of the registered AWB container to fall back to")
+  AddKeyOption(*command, options->key, "the container to fall back to")
       ->required();
-  command->add_option("-o,--output", options->output,
-                      "Write the result as a tuning binary file");
-  command->footer(
-      "Example:\n  q3a-tuning load feature=feature.json --key 0,-1,1,0,-1 "
-      "-o tuning.bin");
-  command->callback([&exit_code, options] { exit_code = RunLoad(*options); });
+  AddOutputOption(*command, options->output,
+                  "Write the result as a tuning binary file");
 }
 
 }  // namespace q3a_tool

@@ -13,6 +13,7 @@
 
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/plot_inputs.h"
 #include "tools/q3a_tuning/io/output_file.h"
 #include "tools/q3a_tuning/plot/table_plots.h"
@@ -51,9 +52,9 @@ std::optional<ToolError> CheckPictureName(const std::string& output) {
 }
 
 int RunPlot(const PlotOptions& options) {
-  if (!options.table.empty() && !ParseTableKind(options.table)) {
-    return ReportError({"--table: use basic, advance, color or feature",
-                        kExitUsage});
+  if (!options.table.empty()) {
+    const Result<qawb::TableId> named = ParseTableOption(options.table);
+    if (!named.ok()) return ReportError(named.error());
   }
   if (auto refused = CheckPictureName(options.output)) {
     return ReportError(*refused);
@@ -75,10 +76,10 @@ int RunPlot(const PlotOptions& options) {
   if (auto refused = CheckOutputPath(options.output, output)) {
     return ReportError(*refused);
   }
-  const Result<TableKind> kind = OperandKind(*operand, options.table);
+  const Result<qawb::TableId> kind = OperandKind(*operand, options.table);
   if (!kind.ok()) return ReportError(kind.error());
   if (against) {
-    const Result<TableKind> other =
+    const Result<qawb::TableId> other =
         OperandKind(*against, std::string(TableName(*kind)));
     if (!other.ok()) return ReportError(other.error());
     if (*other != *kind) {
@@ -86,8 +87,7 @@ int RunPlot(const PlotOptions& options) {
                                       TableName(*kind))});
     }
   }
-  return VisitTableKind(*kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     auto before = MakeZeroedTable<Record>();
     std::optional<ToolError> failure = LoadOperand(*operand, *table);
@@ -98,9 +98,7 @@ int RunPlot(const PlotOptions& options) {
     if (against) names.before = DescribeTable(*against, *kind, before->version);
     const TablePlots plots =
         PlotTable(*table, against ? before.get() : nullptr, names);
-    for (const std::string& finding : plots.findings) {
-      fmt::print(stderr, "{}\n", finding);
-    }
+    DiagnosticSink().Report(plots.findings);
     if (auto error = WriteOutputFile(
             options.output, StackFiguresSvg(plots.figures), output)) {
       return ReportError(*error);
@@ -114,8 +112,8 @@ int RunPlot(const PlotOptions& options) {
 
 void AddPlotCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<PlotOptions>();
-  auto* command = app.add_subcommand(
-      "plot",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "plot",
       "Draw a table as SVG. basic: white points, golden modules and "
       "white-point regions in the R/G-B/G plane, illuminant weights over BV "
       "and CCT; color: the colour-correction matrices over CCT and BV; "
@@ -124,21 +122,19 @@ void AddPlotCommand(CLI::App& app, int& exit_code) {
       "tuning file, awb:KEY:TABLE or defaults:TABLE. With --against OLD both "
       "are drawn, OLD hollow and dashed, and changed heat-map cells "
       "outlined. Non-finite values are reported on stderr, left out, and "
-      "make the exit status 1.");
+      "make the exit status 1.",
+      "q3a-tuning plot edited/feature.json --against "
+      "awb:0,-1,1,0,-1:feature -o feature.svg",
+      options, RunPlot);
   command->add_option("input", options->input, "The table to draw")
       ->required();
   command->add_option("--against", options->against,
                       "An older table of the same kind to overlay");
-  command->add_option("--table", options->table,
-                      "basic, advance, color or feature (guessed if omitted)");
+  AddTableOption(*command, options->table);
   AddFromOption(*command, options->from);
-  command->add_option("-o,--output", options->output,
-                      "SVG file to write; - for stdout")
+  AddOutputOption(*command, options->output,
+                  "SVG file to write; - for stdout")
       ->required();
-  command->footer(
-      "Example:\n  q3a-tuning plot edited/feature.json --against "
-      "awb:0,-1,1,0,-1:feature -o feature.svg");
-  command->callback([&exit_code, options] { exit_code = RunPlot(*options); });
 }
 
 }  // namespace q3a_tool

@@ -5,7 +5,7 @@
 
 namespace q3a_tool {
 
-std::string DescribeTable(const TableOperand& operand, TableKind kind,
+std::string DescribeTable(const TableOperand& operand, qawb::TableId kind,
                           const qawb::QAWBParameterVersion& version) {
   const std::string table =
       fmt::format("{} table {}", TableName(kind), VersionString(version));

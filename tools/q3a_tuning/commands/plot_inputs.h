@@ -10,16 +10,16 @@
 #include <vector>
 
 #include "tools/q3a_tuning/commands/table_sources.h"
-#include "tools/q3a_tuning/io/table_guess.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 #include "tools/q3a_tuning/plot/plot_model.h"
 
 namespace q3a_tool {
 
 // "basic table 3.1 from edited.json", "basic table 3.1 of container
 // 0,-1,1,0,-1", "default basic table 3.0".
-std::string DescribeTable(const TableOperand& operand, TableKind kind,
+std::string DescribeTable(const TableOperand& operand, qawb::TableId kind,
                           const qawb::QAWBParameterVersion& version);
 
 // Figures one under another in a single <svg>.

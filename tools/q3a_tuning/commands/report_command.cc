@@ -37,7 +37,7 @@ std::string Join(const std::vector<std::string>& parts) {
 }
 
 void AddRegistration(const qawb::QAWBTuning& container, ReportData& data,
-                     const std::map<TableKind, std::string>& files) {
+                     const std::map<qawb::TableId, std::string>& files) {
   const std::vector<Registration> registrations =
       ListRegistrations(q3a_coordinator::GetTuningMap());
   const AwbTableLabels labels(registrations);
@@ -51,7 +51,7 @@ void AddRegistration(const qawb::QAWBTuning& container, ReportData& data,
           NodeName(r.node), FormatTuningKey(r.key), r.label));
     }
   }
-  for (TableKind kind : kAllTableKinds) {
+  for (qawb::TableId kind : kAllTableIds) {
     const void* table = TablePointer(container, kind);
     const auto version = TableVersion(container, kind);
     const auto file = files.find(kind);
@@ -74,11 +74,12 @@ void AddRegistration(const qawb::QAWBTuning& container, ReportData& data,
 template <typename Record>
 void LintContainerTable(const Record& table, const std::string& source,
                         ReportData& data) {
-  typename TableTraits<Record>::Message message;
+  typename protomsg::TuningTableTraits<Record>::Message message;
   protomsg::ConvertToMessage(table, message);
-  for (const Finding& f : LintTableMessage(message)) {
-    data.findings.push_back({std::string(TableTraits<Record>::kName), source,
-                             f.path + ": " + f.message});
+  for (Diagnostic& f : LintTableMessage(message)) {
+    f.file = source;
+    data.findings.push_back(
+        {std::string(protomsg::TuningTableTraits<Record>::kName), f});
   }
 }
 
@@ -92,11 +93,11 @@ int RunReport(const ReportOptions& options) {
     return ReportError(*error);
   }
   // Which table each file holds; two files for one table are refused.
-  std::map<TableKind, std::string> files;
+  std::map<qawb::TableId, std::string> files;
   for (const std::string& path : options.against) {
     const Result<FileFormat> format = InputFormat(path, options.from);
     if (!format.ok()) return ReportError(format.error());
-    const Result<TableKind> kind = ResolveTable(path, *format, "");
+    const Result<qawb::TableId> kind = ResolveTable(path, *format, "");
     if (!kind.ok()) return ReportError(kind.error());
     if (!files.emplace(*kind, path).second) {
       return ReportError(
@@ -109,10 +110,9 @@ int RunReport(const ReportOptions& options) {
   data.key = options.key;
   AddRegistration(container, data, files);
   const std::string container_name = "container " + options.key;
-  for (TableKind kind : kAllTableKinds) {
-    const std::optional<ToolError> failure =
-        VisitTableKind(kind, [&](auto type) -> std::optional<ToolError> {
-          using Record = typename decltype(type)::type;
+  for (qawb::TableId kind : kAllTableIds) {
+    const std::optional<ToolError> failure = qawb::VisitTable(
+        kind, [&]<typename Record>() -> std::optional<ToolError> {
           const Record* built_in = qawb::GetTable<Record>(container);
           if (built_in == nullptr) return std::nullopt;
           ReportSection section;
@@ -134,10 +134,9 @@ int RunReport(const ReportOptions& options) {
             }
             // A new version is what an edited file is meant to carry: it is
             // shown with the differences, not as a finding.
-            for (const Problem& problem :
+            for (const Diagnostic& problem :
                  ValidateTableFile(file->second, *format, kind).problems) {
-              data.findings.push_back(
-                  {section.id, file->second, ProblemText(problem)});
+              data.findings.push_back({section.id, problem});
             }
             names.before = names.table;
             names.table = fmt::format("{} table {} from {}", TableName(kind),
@@ -159,8 +158,8 @@ int RunReport(const ReportOptions& options) {
             plots = PlotTable(*built_in, nullptr, names);
           }
           section.heading = names.table;
-          for (const std::string& finding : plots.findings) {
-            data.findings.push_back({section.id, "plots", finding});
+          for (const Diagnostic& finding : plots.findings) {
+            data.findings.push_back({section.id, finding});
           }
           for (const Figure& figure : plots.figures) {
             section.figures.push_back(RenderFigureSvg(figure));
@@ -182,27 +181,25 @@ int RunReport(const ReportOptions& options) {
 
 void AddReportCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<ReportOptions>();
-  auto* command = app.add_subcommand(
-      "report",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "report",
       "Write one self-contained HTML page about a registered AWB container: "
       "its registration and table versions, the findings of validation, "
       "and every table's pictures. Each --against tuning file is compared "
       "with the container's table of its kind: its differences field by "
       "field and the two tables overlaid in the pictures. Open the page in "
-      "a browser; it prints to PDF.");
-  command->add_option("--key", options->key,
-                      "The container's key, e.g. 0,-1,1,0,-1")
+      "a browser; it prints to PDF.",
+      "q3a-tuning report --key 0,-1,1,0,-1 --against edited/feature.json -o "
+      "report.html",
+      options, RunReport);
+  AddKeyOption(*command, options->key, "the container to report on")
       ->required();
   command->add_option("--against", options->against,
                       "Tuning files to compare, at most one per table");
   AddFromOption(*command, options->from);
-  command->add_option("-o,--output", options->output,
-                      "HTML file to write; - for stdout")
+  AddOutputOption(*command, options->output,
+                  "HTML file to write; - for stdout")
       ->required();
-  command->footer(
-      "Example:\n  q3a-tuning report --key 0,-1,1,0,-1 --against "
-      "edited/feature.json -o report.html");
-  command->callback([&exit_code, options] { exit_code = RunReport(*options); });
 }
 
 }  // namespace q3a_tool

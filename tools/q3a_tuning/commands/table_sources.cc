@@ -2,12 +2,34 @@
 
 #include <fmt/format.h>
 
+#include <variant>
+
 #include "coordinator/tuning_map.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/registry_view.h"
-#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/json_document.h"
+#include "tools/q3a_tuning/lint/plausibility.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 
 namespace q3a_tool {
+namespace {
+
+// A usage error for a name that does not tell a tuning file's format; a
+// .bin is named as what the tool means by it.
+ToolError UnknownFormat(const std::string& path, std::string_view advice) {
+  return ToolError{
+      fmt::format("{}: cannot tell the format from the name (.json or .pb{}); "
+                  "{}",
+                  path,
+                  path.ends_with(".bin")
+                      ? "; a .bin is a tuning binary file, for inspect, dump "
+                        "and restore --base"
+                      : "",
+                  advice),
+      kExitUsage};
+}
+
+}  // namespace
 
 Result<const qawb::QAWBTuning*> RegisteredContainer(
     std::string_view key_text, std::string_view label) {
@@ -41,8 +63,8 @@ Result<TableOperand> ParseTableOperand(std::string_view text,
   TableOperand operand;
   operand.name = std::string(text);
   operand.from = from;
-  auto table_of = [&](std::string_view name) -> Result<TableKind> {
-    if (const auto kind = ParseTableKind(name)) return *kind;
+  auto table_of = [&](std::string_view name) -> Result<qawb::TableId> {
+    if (const auto kind = qawb::FindTable(name)) return *kind;
     return ToolError{fmt::format("{}: '{}' is not a table: use {}",
                                  operand.name, name, TableNames()),
                      kExitUsage};
@@ -69,7 +91,7 @@ Result<TableOperand> ParseTableOperand(std::string_view text,
     operand.file = std::string(text);
     return operand;
   }
-  const Result<TableKind> kind = table_of(table_name);
+  const Result<qawb::TableId> kind = table_of(table_name);
   if (!kind.ok()) return kind.error();
   operand.kind = *kind;
   return operand;
@@ -87,7 +109,7 @@ std::optional<ToolError> RequireFileOperand(std::string_view text,
   } else {
     return std::nullopt;
   }
-  return ToolError{fmt::format("{}: {} takes a tuning file (.json, .pb, .bin, "
+  return ToolError{fmt::format("{}: {} takes a tuning file (.json, .pb, "
                                "or another name with --from), not a "
                                "container's table; `{}` writes its tables as "
                                "files",
@@ -99,21 +121,80 @@ Result<FileFormat> InputFormat(const std::string& path,
                                const std::string& from) {
   if (auto refused = CheckInputFile(path)) return *refused;
   if (from.empty() && !FormatFromPath(path)) {
-    return ToolError{fmt::format("{}: cannot tell the format from the name "
-                                 "(.json, .pb or .bin); give --from json or "
-                                 "--from binary",
-                                 path),
-                     kExitUsage};
+    return UnknownFormat(path, "give --from json or --from binary");
   }
   return ResolveFormat(path, from);
 }
 
-Result<TableKind> OperandKind(const TableOperand& operand,
-                              const std::string& table_option) {
+Result<qawb::TableId> OperandKind(const TableOperand& operand,
+                                  const std::string& table_option) {
   if (operand.kind) return *operand.kind;
   const Result<FileFormat> format = InputFormat(operand.file, operand.from);
   if (!format.ok()) return format.error();
   return ResolveTable(operand.file, *format, table_option);
+}
+
+Result<qawb::TableId> ParseTableOption(std::string_view text) {
+  if (const std::optional<qawb::TableId> kind = qawb::FindTable(text))
+    return *kind;
+  return ToolError{
+      fmt::format("--table: '{}' is not a table: use {}", text, TableNames()),
+      kExitUsage};
+}
+
+Result<FileFormat> ResolveFormat(const std::string& path,
+                                 const std::string& format_option) {
+  if (!format_option.empty()) {
+    if (const auto format = ParseFileFormat(format_option)) return *format;
+    return ToolError{fmt::format("'{}' is not a format: use json or binary",
+                                 format_option),
+                     kExitUsage};
+  }
+  if (const auto format = FormatFromPath(path)) return *format;
+  return UnknownFormat(path, "give --from/--to json|binary");
+}
+
+Result<qawb::TableId> ResolveTable(const std::string& path, FileFormat format,
+                                   const std::string& table_option,
+                                   TableGuess* guess_out) {
+  const Result<std::string> content = ReadInputFile(path);
+  if (!content.ok()) return content.error();
+  if (!table_option.empty()) {
+    const Result<qawb::TableId> kind = ParseTableOption(table_option);
+    if (!kind.ok()) return kind;
+    if (auto refused = CheckTableFits(path, *content, format, *kind)) {
+      return *refused;
+    }
+    return kind;
+  }
+  if (content->empty() && format == FileFormat::kJson) {
+    return ToolError{fmt::format("{}: the file is empty", path)};
+  }
+  const TableGuess guess = GuessTable(*content, format);
+  if (guess_out != nullptr) *guess_out = guess;
+  if (guess.kind) return *guess.kind;
+  // A syntax error reads the same whichever table the file was meant to be.
+  if (format == FileFormat::kJson &&
+      std::holds_alternative<JsonSyntaxError>(ParseJsonDocument(*content))) {
+    return ToolError{DescribeReadFailure(path, format, qawb::TableId::kBasic)};
+  }
+  return ToolError{fmt::format("{}: {}", path, guess.note)};
+}
+
+std::optional<ToolError> ReadTuningBinaryFile(const std::string& path,
+                                              qawb::MutableQAWBTuning& tuning) {
+  const Result<TuningBinaryFileInfo> info = InspectTuningBinaryFile(path);
+  if (!info.ok()) return info.error();
+  if (!info->size_ok) {
+    return ToolError{fmt::format(
+        "{}: {} bytes, but a tuning binary file has exactly {}", path,
+        info->size, qawb::MutableQAWBTuning::kTuningBinaryFileSize)};
+  }
+  if (!info->Plausible()) return ToolError{info->ImplausibleText(path)};
+  if (!tuning.ReadFromFile(path)) {
+    return ToolError{path + ": the container refused the file"};
+  }
+  return std::nullopt;
 }
 
 }  // namespace q3a_tool

@@ -11,8 +11,7 @@
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "libs_v4/qAWB/src/base/qawb_tuning.h"
-#include "tools/q3a_tuning/io/table_guess.h"
-#include "tools/q3a_tuning/io/table_kind.h"
+#include "tools/q3a_tuning/io/table_id.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
 
@@ -32,7 +31,7 @@ std::unique_ptr<qawb::MutableQAWBTuning> DefaultContainer();
 struct TableOperand {
   std::string file;  // empty for a container's table
   const qawb::QAWBTuning* container = nullptr;
-  std::optional<TableKind> kind;  // named by the operand
+  std::optional<qawb::TableId> kind;  // named by the operand
   std::string name;               // as the operand was written
   std::string from;               // --from, for a file
 };
@@ -54,9 +53,32 @@ std::optional<ToolError> RequireFileOperand(std::string_view text,
 Result<FileFormat> InputFormat(const std::string& path,
                                const std::string& from);
 
+// A --table option's table; a usage error naming the tables otherwise.
+Result<qawb::TableId> ParseTableOption(std::string_view text);
+
+// The file's format from --from/--to text if given, else from the path.
+// A usage error when neither decides.
+Result<FileFormat> ResolveFormat(const std::string& path,
+                                 const std::string& format_option);
+
+// The table of the file at `path`: --table if given (checked against the
+// file with CheckTableFits), else the guess, which `guess` receives if
+// given. Fails for an unreadable file (exit 2), one that fits no single
+// table, or a contradiction (exit 1).
+Result<qawb::TableId> ResolveTable(const std::string& path, FileFormat format,
+                                   const std::string& table_option,
+                                   TableGuess* guess = nullptr);
+
+// Reads the tuning binary file at `path` into `tuning`. Its size and
+// plausibility are checked before the container reads, so the user gets the
+// reason on stderr rather than only in the Android log. On failure `tuning`
+// is unchanged.
+std::optional<ToolError> ReadTuningBinaryFile(const std::string& path,
+                                              qawb::MutableQAWBTuning& tuning);
+
 // The table of an operand: the one it names, else --table or the guess.
-Result<TableKind> OperandKind(const TableOperand& operand,
-                              const std::string& table_option);
+Result<qawb::TableId> OperandKind(const TableOperand& operand,
+                                  const std::string& table_option);
 
 // Reads the operand's table into `table`: a copy of the container's table,
 // or the file through LoadTableFile. On failure `table` is unchanged.

@@ -12,9 +12,12 @@
 
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/io/json_text.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 #include "tools/q3a_tuning/lint/validate.h"
 
 namespace q3a_tool {
@@ -29,52 +32,56 @@ struct ValidateOptions {
   bool compact = false;
 };
 
+// Findings go to `results` (stdout, or the --json array); refusals and
+// hints to stderr, and refusals into the --json array too.
 int ValidateOne(const std::string& path, const ValidateOptions& options,
-                const qawb::QAWBTuning* built_in,
-                std::vector<Problem>& all_problems) {
-  if (auto refused = CheckInputFile(path)) return ReportError(*refused);
+                const qawb::QAWBTuning* built_in, DiagnosticSink& results) {
+  DiagnosticSink errors;
+  const auto refuse = [&](const ToolError& error, std::string_view rule) {
+    if (options.json) results.Report(DiagnosticOf(error, path, rule));
+    return ReportError(error);
+  };
+  if (auto refused = CheckInputFile(path)) {
+    return refuse(*refused, lint_rule::kUnreadable);
+  }
   const Result<FileFormat> format = ResolveFormat(path, options.format);
   if (!format.ok()) return ReportError(format.error());
   // A --table that names another table than the file holds is a
   // "wrong-table" finding of ValidateTableFile.
   TableGuess guess;
-  const Result<TableKind> kind =
+  const Result<qawb::TableId> kind =
       options.table.empty() ? ResolveTable(path, *format, "", &guess)
                             : ParseTableOption(options.table);
   if (!kind.ok()) {
     if (kind.error().exit_code == kExitUsage) return ReportError(kind.error());
-    all_problems.push_back(
-        {path, 0, 0, "", guess.container_dump ? "wrong-table" : "rejected",
-         kind.error().message.substr(
-             std::min(kind.error().message.size(), path.size() + 2))});
-    return ReportError(kind.error());
+    return refuse(kind.error(), guess.container_dump ? lint_rule::kWrongTable
+                                                     : lint_rule::kRejected);
   }
   const ValidationReport report =
       ValidateTableFile(path, *format, *kind, built_in, options.compact);
-  if (report.unreadable) return ReportError(*report.unreadable);
-  all_problems.insert(all_problems.end(), report.problems.begin(),
-                      report.problems.end());
+  if (report.unreadable) {
+    return refuse(*report.unreadable, lint_rule::kUnreadable);
+  }
   if (!report.accepted) {
-    for (const Problem& problem : report.problems) {
-      fmt::print(stderr, "{}\n", ProblemText(problem));
-    }
+    errors.Report(report.problems);
+    if (options.json) results.Report(report.problems);
     const bool in_question = options.table.empty() && !guess.certain;
-    fmt::print(stderr, "{}: rejected as a {} table{}\n", path,
-               TableName(*kind),
-               in_question ? " (guessed; give --table to choose)" : "");
+    errors.Report(
+        {.file = path,
+         .message = fmt::format(
+             "rejected as a {} table{}", TableName(*kind),
+             in_question ? " (guessed; give --table to choose)" : "")});
     return kExitFailure;
   }
   if (report.reads_like_compact) {
-    fmt::print(stderr,
-               "hint: {} reads like a compact file (export --compact); give "
-               "--compact if it is one, and the fields it leaves out are not "
-               "findings\n",
-               path);
+    errors.Report({.file = path,
+                   .message = "reads like a compact file (export --compact); "
+                              "give --compact if it is one, and the fields it "
+                              "leaves out are not findings",
+                   .severity = Severity::kHint});
   }
+  results.Report(report.problems);
   if (!options.json) {
-    for (const Problem& problem : report.problems) {
-      fmt::print("{}\n", ProblemText(problem));
-    }
     fmt::print("{}: {} table version {}: {}\n", path, TableName(*kind),
                report.version,
                report.problems.empty()
@@ -82,6 +89,27 @@ int ValidateOne(const std::string& path, const ValidateOptions& options,
                    : fmt::format("{} finding(s)", report.problems.size()));
   }
   return report.problems.empty() ? kExitOk : kExitFailure;
+}
+
+// The lint's rules, one "name  summary" line each, or a JSON array of
+// {name, summary}.
+void PrintLintRules(bool json) {
+  if (!json) {
+    for (const LintRuleInfo& info : kLintRules) {
+      fmt::print("{:<16} {}\n", info.name, info.summary);
+    }
+    return;
+  }
+  JsonText text;
+  text.BeginArray();
+  for (const LintRuleInfo& info : kLintRules) {
+    text.BeginObject();
+    text.Key("name").String(info.name);
+    text.Key("summary").String(info.summary);
+    text.EndObject();
+  }
+  text.EndArray();
+  fmt::print("{}\n", text.Text());
 }
 
 int RunValidate(const ValidateOptions& options) {
@@ -93,11 +121,11 @@ int RunValidate(const ValidateOptions& options) {
     built_in = *container;
   }
   int status = kExitOk;
-  std::vector<Problem> problems;
+  DiagnosticSink results(stdout, options.json);
   for (const std::string& file : options.files) {
-    status = std::max(status, ValidateOne(file, options, built_in, problems));
+    status = std::max(status, ValidateOne(file, options, built_in, results));
   }
-  if (options.json) fmt::print("{}", ProblemsJson(problems));
+  results.Finish();
   return status;
 }
 
@@ -105,31 +133,37 @@ int RunValidate(const ValidateOptions& options) {
 
 void AddValidateCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<ValidateOptions>();
-  auto* command = app.add_subcommand(
-      "validate",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "validate",
       "Check tuning files with the library's reader, then report what it "
       "accepts silently: duplicated keys, JSON other tools refuse, NaN, "
       "null, missing fields and version, lists over capacity, counts that "
       "disagree with their lists, unusable frame-summary kinds, integers too "
-      "wide for their field. Exit 0 clean, 1 findings, 2 unreadable input.");
+      "wide for their field. Exit 0 clean, 1 findings, 2 unreadable input.",
+      "q3a-tuning validate feature.json --key 0,-1,1,0,-1", options,
+      RunValidate);
   command->add_option("files", options->files, "Tuning files (.json, .pb)")
       ->required();
-  command->add_option("--table", options->table,
-                      TableNames() + " (guessed if omitted)");
+  AddTableOption(*command, options->table);
   AddFromOption(*command, options->format);
-  command->add_option("--key", options->key,
-                      "Key of the container the file is meant for: its "
-                      "table's version is expected");
+  AddKeyOption(*command, options->key,
+               "the file is meant for it, and its table's version is "
+               "expected");
   command->add_flag("--compact", options->compact,
                     "The files are compact (export --compact): fields they "
                     "leave out are meant, not findings");
   command->add_flag("--json", options->json,
-                    "Findings as a JSON array (file, line, column, path, "
-                    "rule, message)");
-  command->footer(
-      "Example:\n  q3a-tuning validate feature.json --key 0,-1,1,0,-1");
-  command->callback(
-      [&exit_code, options] { exit_code = RunValidate(*options); });
+                    "Findings as a JSON array (severity, file, line, column, "
+                    "path, rule, message)");
+  // Runs before the files are required, as --version does.
+  command->add_flag_callback(
+      "--list-rules",
+      [options] {
+        PrintLintRules(options->json);
+        throw CLI::Success();
+      },
+      "Print the lint's rules (name and summary; a JSON array with --json) "
+      "and exit");
 }
 
 }  // namespace q3a_tool

@@ -143,10 +143,11 @@ EditCountCheck CheckEditedCounts(const Message& table,
         const std::optional<int> entry = CountedEntry(
             std::span(steps).subspan(i), rule);
         if (entry && *entry >= count) {
-          check.unused_entries.push_back(fmt::format(
-              "{}: entry {} is at or past {} ({}): the algorithm reads only "
-              "the first {}",
-              path, *entry, count_path, count, count));
+          check.unused_entries.push_back(
+              {.path = path,
+               .message = fmt::format("entry {} is at or past {} ({}): the "
+                                      "algorithm reads only the first {}",
+                                      *entry, count_path, count, count)});
         }
       }
     }

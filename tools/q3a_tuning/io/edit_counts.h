@@ -11,11 +11,14 @@
 #include <string>
 #include <vector>
 
+#include "tools/q3a_tuning/io/diagnostic.h"
+
 namespace q3a_tool {
 
 struct EditCountCheck {
-  // "PATH: entry 5 is past ...count_path (4): ..." for entries set unused.
-  std::vector<std::string> unused_entries;
+  // At PATH, "entry 5 is past ...count_path (4): ..." for entries set
+  // unused; the caller adds the file.
+  std::vector<Diagnostic> unused_entries;
   // "PATH is 40 but LIST holds at most 36 entries ..." for counts set above
   // capacity.
   std::vector<std::string> over_capacity;

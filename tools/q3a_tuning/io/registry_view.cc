@@ -48,9 +48,9 @@ std::optional<std::string> HeaderName(NodeType node,
   }
 }
 
-std::size_t TableSize(TableKind kind) {
-  return VisitTableKind(
-      kind, [](auto type) { return sizeof(typename decltype(type)::type); });
+std::size_t TableSize(qawb::TableId kind) {
+  return qawb::VisitTable(kind,
+                          []<typename Record>() { return sizeof(Record); });
 }
 
 }  // namespace
@@ -139,9 +139,9 @@ const qawb::QAWBTuning* FindAwbContainer(const TuningMap& registry,
   return static_cast<const qawb::QAWBTuning*>(entry->second);
 }
 
-const void* TablePointer(const qawb::QAWBTuning& tuning, TableKind kind) {
-  return VisitTableKind(kind, [&](auto type) -> const void* {
-    return qawb::GetTable<typename decltype(type)::type>(tuning);
+const void* TablePointer(const qawb::QAWBTuning& tuning, qawb::TableId kind) {
+  return qawb::VisitTable(kind, [&]<typename Record>() -> const void* {
+    return qawb::GetTable<Record>(tuning);
   });
 }
 
@@ -150,7 +150,7 @@ AwbTableLabels::AwbTableLabels(const std::vector<Registration>& registrations) {
   for (const Registration& r : registrations) {
     if (r.node != q3a_api::kAwb) continue;
     const auto& tuning = *static_cast<const qawb::QAWBTuning*>(r.object);
-    for (TableKind kind : kAllTableKinds) {
+    for (qawb::TableId kind : kAllTableIds) {
       const void* table = TablePointer(tuning, kind);
       if (table == nullptr) continue;
       auto& tables = tables_[static_cast<int>(kind)];
@@ -175,13 +175,13 @@ AwbTableLabels::AwbTableLabels(const std::vector<Registration>& registrations) {
   }
 }
 
-std::string AwbTableLabels::Label(TableKind kind, const void* table) const {
+std::string AwbTableLabels::Label(qawb::TableId kind, const void* table) const {
   const auto& tables = tables_[static_cast<int>(kind)];
   const auto it = tables.find(table);
   return it == tables.end() ? "-" : it->second.label;
 }
 
-const std::vector<std::string>& AwbTableLabels::Users(TableKind kind,
+const std::vector<std::string>& AwbTableLabels::Users(qawb::TableId kind,
                                                       const void* table) const {
   static const std::vector<std::string> kNone;
   const auto& tables = tables_[static_cast<int>(kind)];
@@ -189,7 +189,7 @@ const std::vector<std::string>& AwbTableLabels::Users(TableKind kind,
   return it == tables.end() ? kNone : it->second.users;
 }
 
-std::vector<std::string> AwbTableLabels::SameBytesAs(TableKind kind,
+std::vector<std::string> AwbTableLabels::SameBytesAs(qawb::TableId kind,
                                                      const void* table) const {
   const auto& tables = tables_[static_cast<int>(kind)];
   const auto it = tables.find(table);

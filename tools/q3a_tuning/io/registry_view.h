@@ -14,7 +14,7 @@
 #include "coordinator/tuning_key.h"
 #include "coordinator/tuning_map.h"
 #include "libs_v4/qAWB/src/base/qawb_tuning.h"
-#include "tools/q3a_tuning/io/table_kind.h"
+#include "tools/q3a_tuning/io/table_id.h"
 
 namespace q3a_tool {
 
@@ -57,12 +57,13 @@ class AwbTableLabels {
   explicit AwbTableLabels(const std::vector<Registration>& registrations);
 
   // The table's label, or "-" for a null table.
-  std::string Label(TableKind kind, const void* table) const;
+  std::string Label(qawb::TableId kind, const void* table) const;
   // The containers (their labels) that hold the table.
-  const std::vector<std::string>& Users(TableKind kind,
+  const std::vector<std::string>& Users(qawb::TableId kind,
                                         const void* table) const;
   // Labels of the other tables of the same kind with the very same bytes.
-  std::vector<std::string> SameBytesAs(TableKind kind, const void* table) const;
+  std::vector<std::string> SameBytesAs(qawb::TableId kind,
+                                       const void* table) const;
 
  private:
   struct Entry {
@@ -74,7 +75,7 @@ class AwbTableLabels {
 };
 
 // The table pointer of `kind` in `tuning`, untyped, for labelling.
-const void* TablePointer(const qawb::QAWBTuning& tuning, TableKind kind);
+const void* TablePointer(const qawb::QAWBTuning& tuning, qawb::TableId kind);
 
 }  // namespace q3a_tool
 

@@ -47,20 +47,8 @@ void Grow(Message& message, const FieldDescriptor& field, int size) {
       case FieldDescriptor::CPPTYPE_INT32:
         reflection.AddInt32(&message, &field, 0);
         break;
-      case FieldDescriptor::CPPTYPE_UINT32:
-        reflection.AddUInt32(&message, &field, 0);
-        break;
-      case FieldDescriptor::CPPTYPE_INT64:
-        reflection.AddInt64(&message, &field, 0);
-        break;
-      case FieldDescriptor::CPPTYPE_UINT64:
-        reflection.AddUInt64(&message, &field, 0);
-        break;
       case FieldDescriptor::CPPTYPE_FLOAT:
         reflection.AddFloat(&message, &field, 0);
-        break;
-      case FieldDescriptor::CPPTYPE_DOUBLE:
-        reflection.AddDouble(&message, &field, 0);
         break;
       case FieldDescriptor::CPPTYPE_BOOL:
         reflection.AddBool(&message, &field, false);
@@ -68,9 +56,8 @@ void Grow(Message& message, const FieldDescriptor& field, int size) {
       case FieldDescriptor::CPPTYPE_ENUM:
         reflection.AddEnumValue(&message, &field, 0);
         break;
-      case FieldDescriptor::CPPTYPE_STRING:
-        reflection.AddString(&message, &field, "");
-        break;
+      default:  // not in the schema (IsEditableFieldType)
+        return;
     }
   }
 }
@@ -146,24 +133,9 @@ std::string ScalarJson(const Message& message, const FieldDescriptor& field,
     case FieldDescriptor::CPPTYPE_INT32:
       return fmt::format("{}", each ? r.GetRepeatedInt32(message, &field, index)
                                     : r.GetInt32(message, &field));
-    case FieldDescriptor::CPPTYPE_UINT32:
-      return fmt::format("{}", each
-                                   ? r.GetRepeatedUInt32(message, &field, index)
-                                   : r.GetUInt32(message, &field));
-    case FieldDescriptor::CPPTYPE_INT64:
-      return fmt::format("{}", each ? r.GetRepeatedInt64(message, &field, index)
-                                    : r.GetInt64(message, &field));
-    case FieldDescriptor::CPPTYPE_UINT64:
-      return fmt::format("{}", each
-                                   ? r.GetRepeatedUInt64(message, &field, index)
-                                   : r.GetUInt64(message, &field));
     case FieldDescriptor::CPPTYPE_FLOAT:
       return fmt::format("{}", each ? r.GetRepeatedFloat(message, &field, index)
                                     : r.GetFloat(message, &field));
-    case FieldDescriptor::CPPTYPE_DOUBLE:
-      return fmt::format("{}", each
-                                   ? r.GetRepeatedDouble(message, &field, index)
-                                   : r.GetDouble(message, &field));
     case FieldDescriptor::CPPTYPE_BOOL:
       return (each ? r.GetRepeatedBool(message, &field, index)
                    : r.GetBool(message, &field))
@@ -174,8 +146,7 @@ std::string ScalarJson(const Message& message, const FieldDescriptor& field,
                          (each ? r.GetRepeatedEnum(message, &field, index)
                                : r.GetEnum(message, &field))
                              ->name());
-    case FieldDescriptor::CPPTYPE_STRING:
-    case FieldDescriptor::CPPTYPE_MESSAGE:
+    default:  // a message, or not in the schema (IsEditableFieldType)
       break;
   }
   return "null";
@@ -226,20 +197,13 @@ std::optional<std::string> StoreScalar(const Place& place,
   const FieldDescriptor& field = *place.field;
   const bool each = place.index >= 0;
   switch (field.cpp_type()) {
-    case FieldDescriptor::CPPTYPE_INT32:
-    case FieldDescriptor::CPPTYPE_UINT32:
-    case FieldDescriptor::CPPTYPE_INT64:
-    case FieldDescriptor::CPPTYPE_UINT64: {
+    case FieldDescriptor::CPPTYPE_INT32: {
       const auto value = ParseNumber<long long>(text);
       if (!value) return "expected an integer";
       const FieldLimit* limit =
           FindFieldLimit(message.GetDescriptor()->name(), field.name());
       long long low = std::numeric_limits<std::int32_t>::min();
       long long high = std::numeric_limits<std::int32_t>::max();
-      if (field.cpp_type() == FieldDescriptor::CPPTYPE_UINT32) {
-        low = 0;
-        high = std::numeric_limits<std::uint32_t>::max();
-      }
       if (limit != nullptr && limit->narrow) {
         low = limit->min;
         high = limit->max;
@@ -248,38 +212,20 @@ std::optional<std::string> StoreScalar(const Place& place,
         return fmt::format("{} does not fit the record's field ({}..{})",
                            *value, low, high);
       }
-      if (field.cpp_type() == FieldDescriptor::CPPTYPE_INT32) {
-        each ? r.SetRepeatedInt32(&message, &field, place.index, *value)
-             : r.SetInt32(&message, &field, static_cast<std::int32_t>(*value));
-      } else if (field.cpp_type() == FieldDescriptor::CPPTYPE_UINT32) {
-        each ? r.SetRepeatedUInt32(&message, &field, place.index, *value)
-             : r.SetUInt32(&message, &field,
-                           static_cast<std::uint32_t>(*value));
-      } else if (field.cpp_type() == FieldDescriptor::CPPTYPE_INT64) {
-        each ? r.SetRepeatedInt64(&message, &field, place.index, *value)
-             : r.SetInt64(&message, &field, *value);
-      } else {
-        each ? r.SetRepeatedUInt64(&message, &field, place.index, *value)
-             : r.SetUInt64(&message, &field, *value);
-      }
+      const auto i = static_cast<std::int32_t>(*value);
+      each ? r.SetRepeatedInt32(&message, &field, place.index, i)
+           : r.SetInt32(&message, &field, i);
       return std::nullopt;
     }
-    case FieldDescriptor::CPPTYPE_FLOAT:
-    case FieldDescriptor::CPPTYPE_DOUBLE: {
+    case FieldDescriptor::CPPTYPE_FLOAT: {
       const auto value = ParseNumber<double>(text);
       if (!value || !std::isfinite(*value) ||
-          (field.cpp_type() == FieldDescriptor::CPPTYPE_FLOAT &&
-           std::fabs(*value) > std::numeric_limits<float>::max())) {
+          std::fabs(*value) > std::numeric_limits<float>::max()) {
         return "expected a finite number";
       }
-      if (field.cpp_type() == FieldDescriptor::CPPTYPE_FLOAT) {
-        const auto f = static_cast<float>(*value);
-        each ? r.SetRepeatedFloat(&message, &field, place.index, f)
-             : r.SetFloat(&message, &field, f);
-      } else {
-        each ? r.SetRepeatedDouble(&message, &field, place.index, *value)
-             : r.SetDouble(&message, &field, *value);
-      }
+      const auto f = static_cast<float>(*value);
+      each ? r.SetRepeatedFloat(&message, &field, place.index, f)
+           : r.SetFloat(&message, &field, f);
       return std::nullopt;
     }
     case FieldDescriptor::CPPTYPE_BOOL: {
@@ -300,14 +246,26 @@ std::optional<std::string> StoreScalar(const Place& place,
            : r.SetEnumValue(&message, &field, value->number());
       return std::nullopt;
     }
-    case FieldDescriptor::CPPTYPE_STRING:
-    case FieldDescriptor::CPPTYPE_MESSAGE:
+    default:  // a message, or not in the schema (IsEditableFieldType)
       break;
   }
   return "a table, not a value: set its fields one by one";
 }
 
 }  // namespace
+
+bool IsEditableFieldType(FieldDescriptor::CppType type) {
+  switch (type) {
+    case FieldDescriptor::CPPTYPE_MESSAGE:
+    case FieldDescriptor::CPPTYPE_INT32:
+    case FieldDescriptor::CPPTYPE_FLOAT:
+    case FieldDescriptor::CPPTYPE_BOOL:
+    case FieldDescriptor::CPPTYPE_ENUM:
+      return true;
+    default:
+      return false;
+  }
+}
 
 Result<std::string> GetValueJson(const Message& table, std::string_view path) {
   std::unique_ptr<Message> copy(table.New());

@@ -26,6 +26,12 @@ Result<std::string> GetValueJson(const google::protobuf::Message& table,
 Result<std::string> SetValue(google::protobuf::Message& table,
                              std::string_view path, std::string_view value);
 
+// The field types the schema has and get/set handle: 32-bit integers,
+// floats, flags, enums and messages. A test walks the schema against it, so
+// a field of another type fails the build's tests instead of reaching
+// get/set.
+bool IsEditableFieldType(google::protobuf::FieldDescriptor::CppType type);
+
 }  // namespace q3a_tool
 
 #endif  // TOOLS_Q3A_TUNING_IO_TABLE_EDIT_H_

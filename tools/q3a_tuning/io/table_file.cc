@@ -24,7 +24,7 @@ bool EndsWith(std::string_view text, std::string_view suffix) {
 
 // The library's print options for tuning files; the compact form leaves
 // default values out.
-google::protobuf::util::JsonPrintOptions TuningFilePrintOptions(bool full) {
+google::protobuf::util::JsonPrintOptions TableFilePrintOptions(bool full) {
   auto options = protomsg::internal::TuningFilePrintOptions();
   options.always_print_primitive_fields = full;
   return options;
@@ -39,16 +39,14 @@ std::string SerializeTableMessage(const google::protobuf::Message& message,
     message.SerializeToString(&text);
   } else {
     (void)google::protobuf::util::MessageToJsonString(
-        message, &text, TuningFilePrintOptions(full));
+        message, &text, TableFilePrintOptions(full));
   }
   return text;
 }
 
 std::optional<FileFormat> FormatFromPath(std::string_view path) {
   if (EndsWith(path, ".json")) return FileFormat::kJson;
-  if (EndsWith(path, ".pb") || EndsWith(path, ".bin")) {
-    return FileFormat::kBinary;
-  }
+  if (EndsWith(path, ".pb")) return FileFormat::kBinary;
   return std::nullopt;
 }
 
@@ -95,14 +93,13 @@ TableFilesResult WriteTableFiles(const qawb::QAWBTuning& tuning,
          kExitFailure});
     return result;
   }
-  for (TableKind kind : kAllTableKinds) {
+  for (qawb::TableId kind : kAllTableIds) {
     const std::string path =
         (std::filesystem::path(directory) /
          (std::string(TableName(kind)) +
           std::string(FileExtension(options.format))))
             .string();
-    VisitTableKind(kind, [&](auto type) {
-      using Record = typename decltype(type)::type;
+    qawb::VisitTable(kind, [&]<typename Record>() {
       const Record* table = qawb::GetTable<Record>(tuning);
       if (table == nullptr) {
         result.errors.push_back({fmt::format("{}: the container has no {} "
@@ -111,14 +108,14 @@ TableFilesResult WriteTableFiles(const qawb::QAWBTuning& tuning,
                                  kExitFailure});
         return;
       }
-      Result<std::vector<std::string>> warnings =
+      Result<std::vector<Diagnostic>> warnings =
           WriteTableFile(path, *table, options);
       if (!warnings.ok()) {
         result.errors.push_back(warnings.error());
         return;
       }
       result.written.push_back(path);
-      for (std::string& warning : *warnings) {
+      for (Diagnostic& warning : *warnings) {
         result.warnings.push_back(std::move(warning));
       }
     });

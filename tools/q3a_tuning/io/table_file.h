@@ -13,16 +13,18 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/q3a_tuning/io/diagnostic.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/io/table_kind.h"
+#include "tools/q3a_tuning/io/table_id.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 
 namespace q3a_tool {
 
 enum class FileFormat { kJson, kBinary };
 
-// ".json" is JSON; ".pb" and ".bin" are binary protobuf. Anything else is
-// nullopt: the caller asks for --from/--to.
+// ".json" is JSON; ".pb" is binary protobuf. Anything else is nullopt: the
+// caller asks for --from/--to. ".bin" is neither: the tool's name for a
+// tuning binary file (the container's dump), never for a tuning file.
 std::optional<FileFormat> FormatFromPath(std::string_view path);
 
 // "json" or "binary" (also "pb").
@@ -50,16 +52,16 @@ struct TableFileOptions {
 // the library's writer prints it, and reads the written file back with the
 // library's reader to compare it with the table meant. Values JSON cannot
 // hold are first made what a JSON file reads back (-0 is 0); the result
-// holds a warning, "PATH: ...", for each file where that changed anything.
+// holds a warning about the file where that changed anything.
 template <typename Record>
-Result<std::vector<std::string>> WriteTableFile(
-    const std::string& path, const Record& table,
-    const TableFileOptions& options);
+Result<std::vector<Diagnostic>> WriteTableFile(const std::string& path,
+                                               const Record& table,
+                                               const TableFileOptions& options);
 
 // What the export of four tables into a directory did.
 struct TableFilesResult {
   std::vector<std::string> written;   // each file that holds its table now
-  std::vector<std::string> warnings;  // from WriteTableFile
+  std::vector<Diagnostic> warnings;   // from WriteTableFile
   std::vector<ToolError> errors;      // each file not written, and why
 };
 

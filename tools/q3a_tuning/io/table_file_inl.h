@@ -28,22 +28,23 @@ std::unique_ptr<Record> MakeZeroedTable() {
 template <typename Record>
 bool ReadTableFile(const std::string& path, FileFormat format, Record& table) {
   return format == FileFormat::kJson
-             ? TableTraits<Record>::kReadJson(path, table)
-             : TableTraits<Record>::kReadProtobuf(path, table);
+             ? protomsg::TuningTableTraits<Record>::kReadJson(path, table)
+             : protomsg::TuningTableTraits<Record>::kReadProtobuf(path, table);
 }
 
 template <typename Record>
-Result<std::vector<std::string>> WriteTableFile(
+Result<std::vector<Diagnostic>> WriteTableFile(
     const std::string& path, const Record& table,
     const TableFileOptions& options) {
-  using Message = typename TableTraits<Record>::Message;
+  using Message = typename protomsg::TuningTableTraits<Record>::Message;
   const FileFormat format = options.format;
   Message message;
   protomsg::ConvertToMessage(table, message);
-  std::vector<std::string> warnings;
+  std::vector<Diagnostic> warnings;
   if (format == FileFormat::kJson) {
     if (auto changed = MakeJsonExact(message)) {
-      warnings.push_back(fmt::format("{}: {}", path, *changed));
+      warnings.push_back(
+          {.file = path, .message = *changed, .severity = Severity::kWarning});
     }
   }
   if (options.compact) {
@@ -70,22 +71,22 @@ Result<std::vector<std::string>> WriteTableFile(
       [&](const std::string& written) -> std::optional<std::string> {
     auto back = MakeZeroedTable<Record>();
     if (!ReadTableFile(written, format, *back)) {
-      return fmt::format("the {} table written does not read back: the "
-                         "library's reader refuses it",
-                         TableTraits<Record>::kName);
+      return fmt::format(
+          "the {} table written does not read back: the "
+          "library's reader refuses it",
+          protomsg::TuningTableTraits<Record>::kName);
     }
     if (std::memcmp(back.get(), meant.get(), sizeof(Record)) == 0) {
       return std::nullopt;
     }
     const std::vector<Difference> differences = DiffRecords(*meant, *back);
-    return fmt::format("the {} table written does not read back as written{}",
-                       TableTraits<Record>::kName,
-                       differences.empty()
-                           ? ""
-                           : fmt::format(" ({}: {} reads as {})",
-                                         differences[0].path,
-                                         differences[0].old_value,
-                                         differences[0].new_value));
+    return fmt::format(
+        "the {} table written does not read back as written{}",
+        protomsg::TuningTableTraits<Record>::kName,
+        differences.empty()
+            ? ""
+            : fmt::format(" ({}: {} reads as {})", differences[0].path,
+                          differences[0].old_value, differences[0].new_value));
   };
   if (auto error = WriteOutputFile(path, bytes, output)) return *error;
   return warnings;

@@ -5,9 +5,7 @@
 #include <cstring>
 #include <memory>
 
-#include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/io/plausibility.h"
 
 namespace q3a_tool {
 namespace {
@@ -15,9 +13,8 @@ namespace {
 // The bytes the container's dump of `tuning` must hold.
 std::string ExpectedDump(const qawb::QAWBTuning& tuning) {
   std::string bytes;
-  for (TableKind kind : kAllTableKinds) {
-    VisitTableKind(kind, [&](auto type) {
-      using Record = typename decltype(type)::type;
+  for (qawb::TableId kind : kAllTableIds) {
+    qawb::VisitTable(kind, [&]<typename Record>() {
       const Record* table = qawb::GetTable<Record>(tuning);
       bytes.append(reinterpret_cast<const char*>(table), sizeof(Record));
     });
@@ -43,48 +40,26 @@ std::optional<ToolError> WriteTuningBinaryFile(
   return WriteOutputFile(path, bytes, output);
 }
 
-TuningBinaryFileInfo InspectTuningBinaryContent(std::string_view content) {
+TuningBinaryFileInfo ReadTuningBinaryHeads(std::string_view content) {
   TuningBinaryFileInfo info;
   info.size = content.size();
   info.size_ok = info.size == qawb::MutableQAWBTuning::kTuningBinaryFileSize;
   std::size_t offset = 0;
-  for (std::size_t i = 0; i < kAllTableKinds.size(); ++i) {
-    const TableKind kind = kAllTableKinds[i];
+  for (std::size_t i = 0; i < kAllTableIds.size(); ++i) {
+    const qawb::TableId kind = kAllTableIds[i];
     TableHead& head = info.tables[i];
     head.kind = kind;
     head.offset = offset;
-    head.size = VisitTableKind(
-        kind, [](auto type) { return sizeof(typename decltype(type)::type); });
+    head.size = qawb::VisitTable(
+        kind, []<typename Record>() { return sizeof(Record); });
     if (offset + sizeof(qawb::QAWBParameterVersion) <= content.size()) {
       qawb::QAWBParameterVersion version;
       std::memcpy(&version, content.data() + offset, sizeof(version));
       head.version = version;
     }
-    if (offset + head.size <= content.size()) {
-      head.implausible =
-          FindImplausibleValues(kind, content.substr(offset, head.size));
-    }
     offset += head.size;
   }
   return info;
-}
-
-Result<TuningBinaryFileInfo> InspectTuningBinaryFile(const std::string& path) {
-  const Result<std::string> content = ReadInputFile(path);
-  if (!content.ok()) return content.error();
-  return InspectTuningBinaryContent(*content);
-}
-
-bool LooksLikeTuningBinaryFile(std::string_view content) {
-  const TuningBinaryFileInfo info = InspectTuningBinaryContent(content);
-  if (!info.size_ok) return false;
-  for (const TableHead& head : info.tables) {
-    if (!head.version ||
-        !PlausibleVersion(head.version->major, head.version->minor)) {
-      return false;
-    }
-  }
-  return true;
 }
 
 bool TuningBinaryFileInfo::Plausible() const {

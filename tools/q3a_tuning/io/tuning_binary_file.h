@@ -14,18 +14,18 @@
 
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "tools/q3a_tuning/io/output_file.h"
-#include "tools/q3a_tuning/io/table_kind.h"
+#include "tools/q3a_tuning/io/table_id.h"
 #include "tools/q3a_tuning/io/tool_error.h"
 
 namespace q3a_tool {
 
 struct TableHead {
-  TableKind kind;
+  qawb::TableId kind;
   std::size_t offset;  // in the file
   std::size_t size;
   std::optional<qawb::QAWBParameterVersion> version;  // if the file reaches it
-  // What cannot be real tuning (plausibility.h), when the file holds the
-  // whole table.
+  // What cannot be real tuning, when the file holds the whole table
+  // (InspectTuningBinaryContent in lint/plausibility.h).
   std::vector<std::string> implausible;
 };
 
@@ -40,15 +40,9 @@ struct TuningBinaryFileInfo {
   std::string ImplausibleText(const std::string& path) const;
 };
 
-// Fails only if the file cannot be read (input_file.h).
-Result<TuningBinaryFileInfo> InspectTuningBinaryFile(const std::string& path);
-
-TuningBinaryFileInfo InspectTuningBinaryContent(std::string_view content);
-
-// Whether `content` is, by its size and its four version heads, a tuning
-// binary file rather than a tuning file. Plausible versions are enough to
-// tell it from a tuning file; the rest of its values may still be wrong.
-bool LooksLikeTuningBinaryFile(std::string_view content);
+// The size of `content` and the four tables' offsets, sizes and version
+// heads; `implausible` is left empty (lint/plausibility.h fills it).
+TuningBinaryFileInfo ReadTuningBinaryHeads(std::string_view content);
 
 // Writes the container's dump of `tuning` (the four tables' bytes, as the
 // container writes them) to `path` through the output routine, which reads

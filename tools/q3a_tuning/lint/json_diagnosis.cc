@@ -10,6 +10,7 @@
 
 #include "protomsg/internal/json_number.h"
 #include "tools/q3a_tuning/io/nearest_name.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 
 namespace q3a_tool {
 namespace {
@@ -196,7 +197,7 @@ JsonLocation LocateJsonFailure(std::string_view text,
   for (const JsonLeniency& leniency : leniencies) {
     if (!RefusedByTheLibrary(leniency)) continue;
     return JsonLocation{leniency.position, "",
-                        leniency.rule == "comment"
+                        leniency.rule == lint_rule::kComment
                             ? "a comment: JSON has none, and the library's "
                               "reader refuses it"
                             : "a byte-order mark, which the library's reader "

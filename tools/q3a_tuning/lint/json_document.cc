@@ -9,6 +9,7 @@
 
 #include "protomsg/internal/json_number.h"
 #include "tools/q3a_tuning/lint/json_string.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 
 namespace q3a_tool {
 namespace {
@@ -75,7 +76,7 @@ class JsonDocumentParser {
 
   std::variant<JsonDocument, JsonSyntaxError> Parse() && {
     if (std::string_view(begin_, end_ - begin_).starts_with("\xEF\xBB\xBF")) {
-      Note("byte-order-mark", Here(), "");
+      Note(lint_rule::kByteOrderMark, Here(), "");
       at_ += 3;
     }
     SkipWhitespace();
@@ -108,7 +109,7 @@ class JsonDocumentParser {
       value.type_ = JsonValue::Type::kString;
       std::string_view text;
       if (!ParseString(text)) return false;
-      if (c == '\'') Note("single-quote", start, Path());
+      if (c == '\'') Note(lint_rule::kSingleQuote, start, Path());
       NoteEscapes();
       SetText(value, text);
       return true;
@@ -195,7 +196,7 @@ class JsonDocumentParser {
     if (c == '"' || c == '\'') {
       if (!ParseString(key)) return false;
       path_.back().key = key;
-      if (c == '\'') Note("single-quote", start, Path());
+      if (c == '\'') Note(lint_rule::kSingleQuote, start, Path());
       NoteEscapes();
       return true;
     }
@@ -204,7 +205,7 @@ class JsonDocumentParser {
     while (at_ < end_ && IsKeyChar(*at_)) ++at_;
     key = std::string_view(first, at_ - first);
     path_.back().key = key;
-    Note("unquoted-key", start, Path());
+    Note(lint_rule::kUnquotedKey, start, Path());
     return true;
   }
 
@@ -232,7 +233,7 @@ class JsonDocumentParser {
     ++at_;
     SkipWhitespace();
     if (Peek() != close) return false;
-    Note("trailing-comma", comma, Path());
+    Note(lint_rule::kTrailingComma, comma, Path());
     ++at_;
     return true;
   }
@@ -269,7 +270,7 @@ class JsonDocumentParser {
   // names the string's member.
   void NoteEscapes() {
     for (const TextPosition& escape : escapes_) {
-      Note("invalid-escape", escape, Path());
+      Note(lint_rule::kInvalidEscape, escape, Path());
     }
     escapes_.clear();
   }
@@ -301,7 +302,7 @@ class JsonDocumentParser {
       } else if (c == '\n') {
         NewLine(at_++);
       } else if (c == '\f' || c == '\v') {
-        Note("whitespace", Here(), Path());
+        Note(lint_rule::kWhitespace, Here(), Path());
         ++at_;
       } else if (c == '/' && (Peek(1) == '/' || Peek(1) == '*')) {
         SkipComment();
@@ -312,7 +313,7 @@ class JsonDocumentParser {
   }
 
   void SkipComment() {
-    Note("comment", Here(), Path());
+    Note(lint_rule::kComment, Here(), Path());
     const bool line = Peek(1) == '/';
     at_ += 2;
     while (at_ < end_ && !(line ? *at_ == '\n' : *at_ == '*' && Peek(1) == '/')) {
@@ -401,7 +402,8 @@ class JsonDocumentParser {
 };
 
 bool RefusedByTheLibrary(const JsonLeniency& leniency) {
-  return leniency.rule == "comment" || leniency.rule == "byte-order-mark";
+  return leniency.rule == lint_rule::kComment ||
+         leniency.rule == lint_rule::kByteOrderMark;
 }
 
 bool JsonKeyMatches(std::string_view key, std::string_view field_name) {

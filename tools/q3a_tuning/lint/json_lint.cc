@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "tools/q3a_tuning/lint/lint_rules.h"
+
 namespace q3a_tool {
 namespace {
 
@@ -15,15 +17,19 @@ using google::protobuf::FieldDescriptor;
 using Type = JsonValue::Type;
 
 std::string_view LeniencyText(std::string_view rule) {
-  if (rule == "trailing-comma") return "a comma before the closing bracket";
-  if (rule == "single-quote") return "a string in single quotes";
-  if (rule == "unquoted-key") return "a field name without quotes";
-  if (rule == "invalid-escape") {
+  if (rule == lint_rule::kTrailingComma) {
+    return "a comma before the closing bracket";
+  }
+  if (rule == lint_rule::kSingleQuote) return "a string in single quotes";
+  if (rule == lint_rule::kUnquotedKey) return "a field name without quotes";
+  if (rule == lint_rule::kInvalidEscape) {
     return "a backslash before a character JSON does not escape (the "
            "library's reader keeps the character)";
   }
-  if (rule == "whitespace") return "a form feed or vertical tab as space";
-  if (rule == "comment") return "a comment";
+  if (rule == lint_rule::kWhitespace) {
+    return "a form feed or vertical tab as space";
+  }
+  if (rule == lint_rule::kComment) return "a comment";
   return "a byte-order mark";
 }
 
@@ -64,16 +70,16 @@ std::string SchemaPath(std::string_view written, const Descriptor& table) {
 
 class DocumentLinter {
  public:
-  std::vector<Finding> Run(const JsonValue& root, const Descriptor& table) {
+  std::vector<Diagnostic> Run(const JsonValue& root, const Descriptor& table) {
     if (root.type() == Type::kObject && root.members().empty()) {
-      Add(root.position(), "empty-object",
+      Add(root.position(), lint_rule::kEmptyObject,
           "the file is an empty object: every field of the table loads as 0 "
           "(and lists keep what the table held, zero for an override)");
       return std::move(findings_);
     }
     if (FindJsonPath(root, "version") == nullptr) {
       path_ = "version";
-      Add(root.position(), "missing-version",
+      Add(root.position(), lint_rule::kMissingVersion,
           "the file has no version: the table reads version 0.0");
       path_.clear();
     }
@@ -86,7 +92,7 @@ class DocumentLinter {
 
  private:
   void Add(TextPosition position, const char* rule, std::string message) {
-    findings_.push_back({path_, std::move(message), rule, position});
+    findings_.push_back(LintFinding(path_, std::move(message), rule, position));
   }
 
   // Appends a step to the path for the life of the object.
@@ -158,9 +164,9 @@ class DocumentLinter {
     if (missing.empty()) return;
     const TextPosition at = objects.front()->position();
     if (missing.size() < static_cast<std::size_t>(descriptor.field_count())) {
-      Add(at, "missing-fields", MissingFieldsText(missing, path_));
+      Add(at, lint_rule::kMissingFields, MissingFieldsText(missing, path_));
     } else if (!path_.empty()) {
-      Add(at, "missing-fields",
+      Add(at, lint_rule::kMissingFields,
           fmt::format("{} is an empty object: all its {} fields load as 0",
                       path_, missing.size()));
     }
@@ -181,14 +187,14 @@ class DocumentLinter {
                            "column {}) wins",
                            last.line, last.column);
     }
-    Add(second.key_position, "duplicate-key",
+    Add(second.key_position, lint_rule::kDuplicateKey,
         fmt::format("\"{}\" is given {} times: {}", field.name(), given,
                     effect));
   }
 
   void VisitValue(const JsonValue& value, const FieldDescriptor& field) {
     if (value.type() == Type::kNull) {
-      Add(value.position(), "null",
+      Add(value.position(), lint_rule::kNull,
           field.is_repeated()
               ? "null: the list is empty, so its entries keep what the table "
                 "held (zero for an override)"
@@ -223,7 +229,7 @@ class DocumentLinter {
         (text == "NaN" || text == "Infinity" || text == "-Infinity")) {
       std::optional<Step> step;
       if (index) step.emplace(path_, *index);
-      Add(value.position(), "not-a-number",
+      Add(value.position(), lint_rule::kNotANumber,
           fmt::format("\"{}\" is read as a float the algorithm cannot "
                       "compute with",
                       text));
@@ -231,24 +237,24 @@ class DocumentLinter {
   }
 
   std::string path_;
-  std::vector<Finding> findings_;
+  std::vector<Diagnostic> findings_;
 };
 
 }  // namespace
 
-std::vector<Finding> LintJsonDocument(
+std::vector<Diagnostic> LintJsonDocument(
     const JsonValue& root, const std::vector<JsonLeniency>& leniencies,
     const Descriptor& table) {
-  std::vector<Finding> findings;
+  std::vector<Diagnostic> findings;
   for (const JsonLeniency& leniency : leniencies) {
-    findings.push_back(
-        {SchemaPath(leniency.path, table),
-         fmt::format("{}: the library's reader takes it, but other JSON tools "
-                     "refuse the file",
-                     LeniencyText(leniency.rule)),
-         leniency.rule, leniency.position});
+    findings.push_back(LintFinding(
+        SchemaPath(leniency.path, table),
+        fmt::format("{}: the library's reader takes it, but other JSON tools "
+                    "refuse the file",
+                    LeniencyText(leniency.rule)),
+        leniency.rule, leniency.position));
   }
-  std::vector<Finding> document = DocumentLinter().Run(root, table);
+  std::vector<Diagnostic> document = DocumentLinter().Run(root, table);
   findings.insert(findings.end(), document.begin(), document.end());
   return findings;
 }

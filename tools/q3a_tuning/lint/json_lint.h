@@ -18,7 +18,7 @@ namespace q3a_tool {
 // Findings for `root`, a document the library's reader accepted as a
 // `table` message, read in tolerant mode with `leniencies`. Every finding
 // has a position.
-std::vector<Finding> LintJsonDocument(
+std::vector<Diagnostic> LintJsonDocument(
     const JsonValue& root, const std::vector<JsonLeniency>& leniencies,
     const google::protobuf::Descriptor& table);
 

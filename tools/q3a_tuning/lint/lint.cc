@@ -8,6 +8,7 @@
 
 #include "tools/q3a_tuning/io/count_rules.h"
 #include "tools/q3a_tuning/io/field_limits.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 
 namespace q3a_tool {
 namespace {
@@ -79,45 +80,45 @@ void ResolveArrayPath(const Message& message, std::string_view array_path,
 }
 
 void CheckCount(const CountRule& rule, int count, const CountedList& list,
-                const std::string& count_path, std::vector<Finding>& findings) {
+                const std::string& count_path,
+                std::vector<Diagnostic>& findings) {
   const int expected = count * rule.per_entry;
   const int entries_in_use = list.capacity / rule.per_entry;
   if (count < 0) {
     findings.push_back(
-        {count_path,
-         fmt::format("{} is {}: a count cannot be negative", rule.count_field,
-                     count),
-         "count"});
+        LintFinding(count_path,
+                    fmt::format("{} is {}: a count cannot be negative",
+                                rule.count_field, count),
+                    lint_rule::kCount));
     return;
   }
   if (count > entries_in_use) {
-    findings.push_back(
-        {count_path,
-         fmt::format("{} is {} but {} holds at most {} entries",
-                     rule.count_field, count, list.path, entries_in_use),
-         "count"});
+    findings.push_back(LintFinding(
+        count_path,
+        fmt::format("{} is {} but {} holds at most {} entries",
+                    rule.count_field, count, list.path, entries_in_use),
+        lint_rule::kCount));
     return;
   }
   // Full capacity is how the writers emit every list; longer lists are
   // reported by the capacity check.
   if (list.given >= list.capacity) return;
   if (list.given < expected) {
-    findings.push_back(
-        {list.path,
-         fmt::format("{} is {} but the list gives {} of {} values: {} kept "
-                     "as the table held it before (zero when loaded as an "
-                     "override)",
-                     rule.count_field, count, list.given, expected,
-                     Range("value", list.given, expected - 1)),
-         "count"});
+    findings.push_back(LintFinding(
+        list.path,
+        fmt::format("{} is {} but the list gives {} of {} values: {} kept "
+                    "as the table held it before (zero when loaded as an "
+                    "override)",
+                    rule.count_field, count, list.given, expected,
+                    Range("value", list.given, expected - 1)),
+        lint_rule::kCount));
   } else if (list.given > expected) {
-    findings.push_back(
-        {list.path,
-         fmt::format("the list gives {} values but {} is {}: the last {} "
-                     "are not used",
-                     list.given, rule.count_field, count,
-                     list.given - expected),
-         "count"});
+    findings.push_back(LintFinding(
+        list.path,
+        fmt::format("the list gives {} values but {} is {}: the last {} "
+                    "are not used",
+                    list.given, rule.count_field, count, list.given - expected),
+        lint_rule::kCount));
   }
 }
 
@@ -140,7 +141,7 @@ std::optional<int> CountOfList(const Message& message,
 
 class Linter {
  public:
-  std::vector<Finding> Run(const Message& table) {
+  std::vector<Diagnostic> Run(const Message& table) {
     Visit(table, "");
     return std::move(findings_);
   }
@@ -184,12 +185,12 @@ class Linter {
     int kept = size;
     if (limit != nullptr && size > limit->capacity) {
       kept = limit->capacity;
-      findings_.push_back(
-          {fmt::format("{}[{}]", path, limit->capacity),
-           fmt::format("{} entries given but the table holds {}: {} dropped",
-                       size, limit->capacity,
-                       Range("entry", limit->capacity, size - 1)),
-           "over-capacity"});
+      findings_.push_back(LintFinding(
+          fmt::format("{}[{}]", path, limit->capacity),
+          fmt::format("{} entries given but the table holds {}: {} dropped",
+                      size, limit->capacity,
+                      Range("entry", limit->capacity, size - 1)),
+          lint_rule::kOverCapacity));
     }
     if (field.cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE) {
       for (int i = 0; i < kept; ++i) {
@@ -218,16 +219,16 @@ class Linter {
       if (value >= kFirstFrameSummaryKind && value <= kLastFrameSummaryKind) {
         return;
       }
-      findings_.push_back(
-          {path,
-           fmt::format("{} is not a kind of frame statistics; the "
-                       "record stores {}",
-                       EnumName(field, value),
-                       value == kLastFrameSummaryKind + 1 ? "the count "
-                                                            "of kinds"
-                                                          : "-1 "
-                                                            "(invalid)"),
-           "frame-summary"});
+      findings_.push_back(LintFinding(
+          path,
+          fmt::format("{} is not a kind of frame statistics; the "
+                      "record stores {}",
+                      EnumName(field, value),
+                      value == kLastFrameSummaryKind + 1 ? "the count "
+                                                           "of kinds"
+                                                         : "-1 "
+                                                           "(invalid)"),
+          lint_rule::kFrameSummary));
       return;
     }
     if (limit == nullptr || !limit->narrow ||
@@ -239,25 +240,39 @@ class Linter {
                   : reflection.GetRepeatedInt32(message, &field, index);
     if (value >= limit->min && value <= limit->max) return;
     findings_.push_back(
-        {path, fmt::format("{} does not fit the record's {} field; it is "
-                           "stored as {}",
-                           value, limit->type_name, limit->stored(value)),
-         "narrow-integer"});
+        LintFinding(path,
+                    fmt::format("{} does not fit the record's {} field; it is "
+                                "stored as {}",
+                                value, limit->type_name, limit->stored(value)),
+                    lint_rule::kNarrowInteger));
   }
 
-  std::vector<Finding> findings_;
+  std::vector<Diagnostic> findings_;
 };
 
 }  // namespace
 
-std::vector<Finding> LintTableMessage(const Message& table) {
+Diagnostic LintFinding(std::string path, std::string message,
+                       std::string_view rule, std::optional<TextPosition> at) {
+  Diagnostic finding;
+  finding.path = std::move(path);
+  finding.message = std::move(message);
+  finding.rule = std::string(rule);
+  if (at) {
+    finding.line = at->line;
+    finding.column = at->column;
+  }
+  return finding;
+}
+
+std::vector<Diagnostic> LintTableMessage(const Message& table) {
   return Linter().Run(table);
 }
 
 namespace {
 
 void FindAbsentFields(const Message& message, const std::string& path,
-                      std::vector<Finding>& findings) {
+                      std::vector<Diagnostic>& findings) {
   const Descriptor& descriptor = *message.GetDescriptor();
   const Reflection& reflection = *message.GetReflection();
   std::vector<std::string_view> absent;
@@ -275,10 +290,11 @@ void FindAbsentFields(const Message& message, const std::string& path,
       }
     } else if (is_message && !reflection.HasField(message, &field)) {
       if (path.empty() && field.name() == "version") {
-        findings.push_back({"version",
-                            "the file has no version: the table reads "
-                            "version 0.0",
-                            "missing-version"});
+        findings.push_back(
+            LintFinding("version",
+                        "the file has no version: the table reads "
+                        "version 0.0",
+                        lint_rule::kMissingVersion));
       } else {
         absent.push_back(field.name());
       }
@@ -288,15 +304,15 @@ void FindAbsentFields(const Message& message, const std::string& path,
     }
   }
   if (!absent.empty()) {
-    findings.push_back(
-        {path, MissingFieldsText(absent, path), "missing-fields"});
+    findings.push_back(LintFinding(path, MissingFieldsText(absent, path),
+                                   lint_rule::kMissingFields));
   }
 }
 
 }  // namespace
 
-std::vector<Finding> LintAbsentFields(const Message& table) {
-  std::vector<Finding> findings;
+std::vector<Diagnostic> LintAbsentFields(const Message& table) {
+  std::vector<Diagnostic> findings;
   FindAbsentFields(table, "", findings);
   return findings;
 }
@@ -313,7 +329,7 @@ std::string MissingFieldsText(const std::vector<std::string_view>& missing,
                      missing.size() == 1 ? "it loads" : "they load");
 }
 
-std::vector<Finding> CollapseFindings(std::vector<Finding> findings) {
+std::vector<Diagnostic> CollapseFindings(std::vector<Diagnostic> findings) {
   auto pattern_of = [](const std::string& path) {
     std::string pattern;
     bool in_index = false;
@@ -324,10 +340,10 @@ std::vector<Finding> CollapseFindings(std::vector<Finding> findings) {
     }
     return pattern;
   };
-  std::vector<Finding> kept;
+  std::vector<Diagnostic> kept;
   std::vector<std::string> keys;
   std::vector<int> repeats;
-  for (Finding& finding : findings) {
+  for (Diagnostic& finding : findings) {
     const std::string key = finding.rule + " " + pattern_of(finding.path);
     const auto it = std::find(keys.begin(), keys.end(), key);
     if (it != keys.end()) {

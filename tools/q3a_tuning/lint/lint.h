@@ -14,31 +14,23 @@
 #include <utility>
 #include <vector>
 
+#include "tools/q3a_tuning/io/diagnostic.h"
 #include "tools/q3a_tuning/lint/json_document.h"
 
 namespace q3a_tool {
 
-struct Finding {
-  Finding(std::string path, std::string message, std::string rule,
-          std::optional<TextPosition> position = std::nullopt)
-      : path(std::move(path)),
-        message(std::move(message)),
-        rule(std::move(rule)),
-        position(position) {}
-
-  // JSON path of the value concerned, as the tool prints paths.
-  std::string path;
-  std::string message;
-  // The rule's name, for scripts: "over-capacity", "duplicate-key", ...
-  std::string rule;
-  // Where in a JSON file; unset when only the path is known.
-  std::optional<TextPosition> position;
-};
+// A finding of the lint: a Diagnostic without its file, which the caller
+// adds; at `at` in a JSON file, else only at its JSON path (line 0). `path`
+// is as the tool prints paths; `rule` is one of lint_rules.def.
+Diagnostic LintFinding(std::string path, std::string message,
+                       std::string_view rule,
+                       std::optional<TextPosition> at = std::nullopt);
 
 // Every finding in `table` (any message of the schema), in field order. A
 // list that carries exactly its capacity is the writers' full form: entries
 // past the count are unused, not a mistake.
-std::vector<Finding> LintTableMessage(const google::protobuf::Message& table);
+std::vector<Diagnostic> LintTableMessage(
+    const google::protobuf::Message& table);
 
 // The message of a "missing-fields" finding: how many of an object's fields
 // are missing, the first few by name. `path` is the object's, empty for the
@@ -52,11 +44,12 @@ std::string MissingFieldsText(const std::vector<std::string_view>& missing,
 // absent sub-table or list means a file cut short or written by hand: its
 // scalars load as 0. "missing-version" for the table's version, else
 // "missing-fields" per object.
-std::vector<Finding> LintAbsentFields(const google::protobuf::Message& table);
+std::vector<Diagnostic> LintAbsentFields(
+    const google::protobuf::Message& table);
 
 // One finding per rule and path pattern (indices dropped: "a.b[].c"): the
 // first, its message ending with how many more there are.
-std::vector<Finding> CollapseFindings(std::vector<Finding> findings);
+std::vector<Diagnostic> CollapseFindings(std::vector<Diagnostic> findings);
 
 }  // namespace q3a_tool
 

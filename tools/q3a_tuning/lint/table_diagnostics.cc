@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "tools/q3a_tuning/lint/json_diagnosis.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 
 namespace q3a_tool {
 namespace {
@@ -38,12 +39,12 @@ std::string SchemaReason(const std::string& protobuf_reason,
 
 }  // namespace
 
-Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
-                            TableKind kind) {
-  Problem problem{path, 0, 0, "", "rejected", ""};
+Diagnostic DiagnoseReadFailure(const std::string& path, FileFormat format,
+                               qawb::TableId kind) {
+  Diagnostic problem{path, 0, 0, "", lint_rule::kRejected, ""};
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) {
-    problem.rule = "unreadable";
+    problem.rule = lint_rule::kUnreadable;
     problem.message = content.error().message.substr(path.size() + 2);
     return problem;
   }
@@ -51,8 +52,8 @@ Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
     problem.message = "the file is empty";
     return problem;
   }
-  VisitTableKind(kind, [&](auto type) {
-    typename TableTraits<typename decltype(type)::type>::Message message;
+  qawb::VisitTable(kind, [&]<typename Record>() {
+    typename protomsg::TuningTableTraits<Record>::Message message;
     const std::optional<ParseFailure> failure =
         ParseTableMessage(*content, format, message);
     if (!failure) {
@@ -80,8 +81,8 @@ Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
 }
 
 std::string DescribeReadFailure(const std::string& path, FileFormat format,
-                                TableKind kind) {
-  return ProblemText(DiagnoseReadFailure(path, format, kind));
+                                qawb::TableId kind) {
+  return DiagnosticText(DiagnoseReadFailure(path, format, kind));
 }
 
 TextPosition PositionOfPath(const JsonValue& document,

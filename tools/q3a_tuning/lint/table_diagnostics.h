@@ -7,23 +7,23 @@
 #include <string>
 #include <string_view>
 
+#include "tools/q3a_tuning/io/diagnostic.h"
 #include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/lint/json_document.h"
-#include "tools/q3a_tuning/io/problem.h"
 #include "tools/q3a_tuning/io/table_file.h"
-#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/json_document.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 
 namespace q3a_tool {
 
 // Why `path` cannot be read as a `kind` table in `format`: missing or
 // unreadable file, empty file, syntax error, unknown field (with the nearest
 // field name), bad enum name, invalid binary message. Rule "rejected".
-Problem DiagnoseReadFailure(const std::string& path, FileFormat format,
-                            TableKind kind);
+Diagnostic DiagnoseReadFailure(const std::string& path, FileFormat format,
+                               qawb::TableId kind);
 
-// ProblemText of DiagnoseReadFailure.
+// DiagnosticText of DiagnoseReadFailure.
 std::string DescribeReadFailure(const std::string& path, FileFormat format,
-                                TableKind kind);
+                                qawb::TableId kind);
 
 // The place of the value at `json_path` in a JSON document, or of the
 // nearest enclosing value the document has.
@@ -39,14 +39,14 @@ std::optional<ToolError> LoadTableFile(const std::string& path,
                                        FileFormat format, Record& table) {
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) return content.error();
-  if (auto refused =
-          CheckTableFits(path, *content, format, TableTraits<Record>::kId)) {
+  if (auto refused = CheckTableFits(path, *content, format,
+                                    protomsg::TuningTableTraits<Record>::kId)) {
     return refused;
   }
   auto scratch = MakeZeroedTable<Record>();
   if (!ReadTableFile(path, format, *scratch)) {
-    return ToolError{
-        DescribeReadFailure(path, format, TableTraits<Record>::kId)};
+    return ToolError{DescribeReadFailure(
+        path, format, protomsg::TuningTableTraits<Record>::kId)};
   }
   table = *scratch;
   return std::nullopt;

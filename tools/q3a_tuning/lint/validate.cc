@@ -12,6 +12,7 @@
 #include "tools/q3a_tuning/lint/json_document.h"
 #include "tools/q3a_tuning/lint/json_lint.h"
 #include "tools/q3a_tuning/lint/lint.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
 
 namespace q3a_tool {
@@ -40,30 +41,34 @@ bool ReadsAsZero(const Record& table) {
 
 // Findings about the table as it reads: its version, and a table of zeros.
 template <typename Record>
-std::vector<Finding> LintReadTable(const Record& table, bool has_version,
-                                   const qawb::QAWBTuning* built_in) {
-  std::vector<Finding> findings;
+std::vector<Diagnostic> LintReadTable(const Record& table, bool has_version,
+                                      const qawb::QAWBTuning* built_in) {
+  std::vector<Diagnostic> findings;
   const auto& version = table.version;
   if (ReadsAsZero(table)) {
-    findings.push_back({"", "every value of the table is 0: the algorithm "
-                            "would run on nothing",
-                        "all-zero"});
+    findings.push_back(
+        LintFinding("",
+                    "every value of the table is 0: the algorithm "
+                    "would run on nothing",
+                    lint_rule::kAllZero));
   }
   if (has_version && version.major == 0 && version.minor == 0) {
-    findings.push_back({"version", "the version is 0.0", "zero-version"});
+    findings.push_back(
+        LintFinding("version", "the version is 0.0", lint_rule::kZeroVersion));
   }
   const Record* reference =
       built_in != nullptr ? qawb::GetTable<Record>(*built_in) : nullptr;
   if (reference != nullptr &&
       (reference->version.major != version.major ||
        reference->version.minor != version.minor)) {
-    findings.push_back(
-        {"version",
-         fmt::format("version {} but the container's built-in {} table is "
-                     "version {}",
-                     VersionString(version), TableTraits<Record>::kName,
-                     VersionString(reference->version)),
-         "version-mismatch"});
+    findings.push_back(LintFinding(
+        "version",
+        fmt::format("version {} but the container's built-in {} table is "
+                    "version {}",
+                    VersionString(version),
+                    protomsg::TuningTableTraits<Record>::kName,
+                    VersionString(reference->version)),
+        lint_rule::kVersionMismatch));
   }
   return findings;
 }
@@ -81,7 +86,7 @@ bool InCompactForm(const google::protobuf::Message& message) {
       return false;
     }
   }
-  typename TableTraits<Record>::Message zero_form;
+  typename protomsg::TuningTableTraits<Record>::Message zero_form;
   protomsg::ConvertToMessage(*MakeZeroedTable<Record>(), zero_form);
   std::unique_ptr<google::protobuf::Message> compacted(message.New());
   compacted->CopyFrom(message);
@@ -90,8 +95,8 @@ bool InCompactForm(const google::protobuf::Message& message) {
                                                             *compacted);
 }
 
-bool HasRule(const std::vector<Finding>& findings, std::string_view rule) {
-  for (const Finding& finding : findings) {
+bool HasRule(const std::vector<Diagnostic>& findings, std::string_view rule) {
+  for (const Diagnostic& finding : findings) {
     if (finding.rule == rule) return true;
   }
   return false;
@@ -100,7 +105,7 @@ bool HasRule(const std::vector<Finding>& findings, std::string_view rule) {
 }  // namespace
 
 ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
-                                   TableKind kind,
+                                   qawb::TableId kind,
                                    const qawb::QAWBTuning* built_in,
                                    bool compact) {
   ValidationReport report;
@@ -111,12 +116,11 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
   }
   if (auto refused = CheckTableFits(path, *content, format, kind)) {
     report.problems.push_back(
-        {path, 0, 0, "", "wrong-table",
+        {path, 0, 0, "", lint_rule::kWrongTable,
          refused->message.substr(path.size() + 2)});
     return report;
   }
-  return VisitTableKind(kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     if (!ReadTableFile(path, format, *table)) {
       report.problems.push_back(DiagnoseReadFailure(path, format, kind));
@@ -125,9 +129,9 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
     report.accepted = true;
     report.version = VersionString(table->version);
 
-    typename TableTraits<Record>::Message message;
+    typename protomsg::TuningTableTraits<Record>::Message message;
     (void)ParseTableMessage(*content, format, message);
-    std::vector<Finding> findings;
+    std::vector<Diagnostic> findings;
     std::optional<JsonDocument> document;
     bool has_version = message.has_version();
     if (format == FileFormat::kJson) {
@@ -142,30 +146,29 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
     } else {
       findings = LintAbsentFields(message);
     }
-    for (Finding& finding : LintTableMessage(message)) {
+    for (Diagnostic& finding : LintTableMessage(message)) {
       findings.push_back(std::move(finding));
     }
-    for (Finding& finding : LintReadTable(*table, has_version, built_in)) {
+    for (Diagnostic& finding : LintReadTable(*table, has_version, built_in)) {
       findings.push_back(std::move(finding));
     }
     if (compact) {
-      std::erase_if(findings, [](const Finding& finding) {
-        return finding.rule == "missing-fields";
+      std::erase_if(findings, [](const Diagnostic& finding) {
+        return finding.rule == lint_rule::kMissingFields;
       });
     } else {
-      report.reads_like_compact = HasRule(findings, "missing-fields") &&
-                                  InCompactForm<Record>(message);
+      report.reads_like_compact =
+          HasRule(findings, lint_rule::kMissingFields) &&
+          InCompactForm<Record>(message);
     }
-    for (const Finding& finding : CollapseFindings(std::move(findings))) {
-      Problem problem{path, 0, 0, finding.path, finding.rule, finding.message};
-      if (document) {
-        const TextPosition at =
-            finding.position ? *finding.position
-                             : PositionOfPath(document->root(), finding.path);
-        problem.line = at.line;
-        problem.column = at.column;
+    for (Diagnostic& finding : CollapseFindings(std::move(findings))) {
+      finding.file = path;
+      if (document && finding.line == 0) {
+        const TextPosition at = PositionOfPath(document->root(), finding.path);
+        finding.line = at.line;
+        finding.column = at.column;
       }
-      report.problems.push_back(std::move(problem));
+      report.problems.push_back(std::move(finding));
     }
     return report;
   });

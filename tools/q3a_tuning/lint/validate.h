@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "libs_v4/qAWB/src/base/qawb_tuning.h"
-#include "tools/q3a_tuning/io/problem.h"
+#include "tools/q3a_tuning/io/diagnostic.h"
 #include "tools/q3a_tuning/io/table_file.h"
 
 namespace q3a_tool {
@@ -20,7 +20,7 @@ struct ValidationReport {
   bool accepted = false;  // the library's reader accepted the file
   // The reader's refusal, or the lint's findings (one per rule and path
   // pattern).
-  std::vector<Problem> problems;
+  std::vector<Diagnostic> problems;
   std::string version;  // the table's version as read, when accepted
   // Fields are missing, and the file is in the compact form export
   // --compact writes: it was probably meant to be read with --compact.
@@ -32,7 +32,7 @@ struct ValidationReport {
 // With `compact`, fields the file leaves out are meant (the compact form)
 // and not reported.
 ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
-                                   TableKind kind,
+                                   qawb::TableId kind,
                                    const qawb::QAWBTuning* built_in = nullptr,
                                    bool compact = false);
 

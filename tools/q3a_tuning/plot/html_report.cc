@@ -81,8 +81,13 @@ std::string FindingsSection(const ReportData& data) {
       "<th>source</th><th>finding</th></tr></thead><tbody>\n",
       data.findings.size());
   for (const ReportFinding& f : data.findings) {
-    html += "<tr>" + Cell(f.table) + Cell(f.source) + Cell(f.text, "value") +
-            "</tr>\n";
+    const Diagnostic& d = f.diagnostic;
+    const std::string place =
+        d.line > 0 ? fmt::format("{}:{}: ", d.line, d.column) : "";
+    const std::string text = DiagnosticText(
+        {.path = d.path, .message = d.message, .severity = Severity::kError});
+    html += "<tr>" + Cell(f.table) + Cell(d.file) +
+            Cell(place + text, "value") + "</tr>\n";
   }
   return html + "</tbody></table></section>\n";
 }

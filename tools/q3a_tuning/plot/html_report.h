@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/q3a_tuning/io/diagnostic.h"
 #include "tools/q3a_tuning/io/record_diff.h"
 
 namespace q3a_tool {
@@ -25,8 +26,8 @@ struct ReportTableRow {
 
 struct ReportFinding {
   std::string table;
-  std::string source;  // the container or the file
-  std::string text;
+  // Its file is the finding's source: the container or a tuning file.
+  Diagnostic diagnostic;
 };
 
 struct ReportSection {

@@ -17,6 +17,7 @@
 #include "awb_records/qawb_basic_tuning_table.h"
 #include "awb_records/qawb_color_control_tuning_table.h"
 #include "awb_records/qawb_feature_tuning_table.h"
+#include "tools/q3a_tuning/io/diagnostic.h"
 #include "tools/q3a_tuning/plot/plot_model.h"
 
 namespace q3a_tool {
@@ -29,9 +30,10 @@ struct PlotNames {
 
 struct TablePlots {
   std::vector<Figure> figures;
-  // "PATH: value nan is not finite; left out of the plots", one per
-  // non-finite float anywhere in either table.
-  std::vector<std::string> findings;
+  // A warning about the table (named as in PlotNames) at PATH, "value nan is
+  // not finite; left out of the plots", one per non-finite float anywhere
+  // in either table.
+  std::vector<Diagnostic> findings;
 };
 
 // `before` is null for a single table.

@@ -67,9 +67,12 @@ void NoteNonFinite(const Record& table, const Record* before,
       if constexpr (std::is_floating_point_v<
                         std::remove_cvref_t<decltype(value)>>) {
         if (std::isfinite(value)) return;
-        plots.findings.push_back(fmt::format(
-            "{}: {}: value {} is not finite; left out of the plots", name,
-            path, value));
+        plots.findings.push_back(
+            {.file = name,
+             .path = path,
+             .message = fmt::format(
+                 "value {} is not finite; left out of the plots", value),
+             .severity = Severity::kWarning});
         left_out.push_back(fmt::format("{}{} ({})", path, side.suffix, value));
       }
     });

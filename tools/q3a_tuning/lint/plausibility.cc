@@ -1,4 +1,4 @@
-#include "tools/q3a_tuning/io/plausibility.h"
+#include "tools/q3a_tuning/lint/plausibility.h"
 
 #include <fmt/format.h>
 
@@ -7,9 +7,11 @@
 #include <type_traits>
 
 #include "protomsg/record_conversions.h"
+#include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/record_walk.h"
 #include "tools/q3a_tuning/io/table_file.h"
 #include "tools/q3a_tuning/lint/lint.h"
+#include "tools/q3a_tuning/lint/lint_rules.h"
 
 namespace q3a_tool {
 namespace {
@@ -73,12 +75,12 @@ std::vector<std::string> ImplausibleRecord(const Record& table) {
       }
     }
   });
-  typename TableTraits<Record>::Message message;
+  typename protomsg::TuningTableTraits<Record>::Message message;
   protomsg::ConvertToMessage(table, message);
   // The message carries every list whole, so the count rule speaks only of
   // counts below zero or above the capacity.
-  for (const Finding& finding : LintTableMessage(message)) {
-    if (finding.rule == "count") {
+  for (const Diagnostic& finding : LintTableMessage(message)) {
+    if (finding.rule == lint_rule::kCount) {
       found.push_back(finding.path + ": " + finding.message);
     }
   }
@@ -92,10 +94,9 @@ bool PlausibleVersion(long major, long minor) {
          minor <= kMaxVersionPart;
 }
 
-std::vector<std::string> FindImplausibleValues(TableKind kind,
+std::vector<std::string> FindImplausibleValues(qawb::TableId kind,
                                                std::string_view bytes) {
-  return VisitTableKind(kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     std::memcpy(static_cast<void*>(table.get()), bytes.data(),
                 std::min(bytes.size(), sizeof(Record)));
@@ -118,6 +119,35 @@ int CountImplausibleValues(const Message& table) {
         reflection.GetInt32(head, descriptor->FindFieldByName("minor")));
   }
   return implausible;
+}
+
+TuningBinaryFileInfo InspectTuningBinaryContent(std::string_view content) {
+  TuningBinaryFileInfo info = ReadTuningBinaryHeads(content);
+  for (TableHead& head : info.tables) {
+    if (head.offset + head.size <= content.size()) {
+      head.implausible = FindImplausibleValues(
+          head.kind, content.substr(head.offset, head.size));
+    }
+  }
+  return info;
+}
+
+Result<TuningBinaryFileInfo> InspectTuningBinaryFile(const std::string& path) {
+  const Result<std::string> content = ReadInputFile(path);
+  if (!content.ok()) return content.error();
+  return InspectTuningBinaryContent(*content);
+}
+
+bool LooksLikeTuningBinaryFile(std::string_view content) {
+  const TuningBinaryFileInfo info = ReadTuningBinaryHeads(content);
+  if (!info.size_ok) return false;
+  for (const TableHead& head : info.tables) {
+    if (!head.version ||
+        !PlausibleVersion(head.version->major, head.version->minor)) {
+      return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace q3a_tool

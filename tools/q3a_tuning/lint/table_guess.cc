@@ -1,4 +1,4 @@
-#include "tools/q3a_tuning/io/table_guess.h"
+#include "tools/q3a_tuning/lint/table_guess.h"
 
 #include <fmt/format.h>
 #include <google/protobuf/unknown_field_set.h>
@@ -9,10 +9,8 @@
 #include <vector>
 
 #include "protomsg/record_conversions.h"
-#include "tools/q3a_tuning/io/input_file.h"
-#include "tools/q3a_tuning/io/plausibility.h"
-#include "tools/q3a_tuning/io/tuning_binary_file.h"
 #include "tools/q3a_tuning/lint/json_document.h"
+#include "tools/q3a_tuning/lint/plausibility.h"
 #include "tools/q3a_tuning/lint/table_diagnostics.h"
 
 namespace q3a_tool {
@@ -22,7 +20,7 @@ using google::protobuf::FieldDescriptor;
 
 // How well a file fits one table's schema; lower is better.
 struct Fit {
-  TableKind kind;
+  qawb::TableId kind;
   bool canonical = false;  // re-encodes to the file's own bytes
   int unknown = 0;         // unknown fields and wire-type mismatches
   int implausible = 0;     // plausibility.h
@@ -53,10 +51,10 @@ int UnknownFields(const Message& message) {
 template <typename Record>
 std::optional<Fit> FitOf(std::string_view content, FileFormat format,
                          bool score) {
-  using Message = typename TableTraits<Record>::Message;
+  using Message = typename protomsg::TuningTableTraits<Record>::Message;
   Message message;
   if (ParseTableMessage(content, format, message)) return std::nullopt;
-  Fit fit{TableTraits<Record>::kId};
+  Fit fit{protomsg::TuningTableTraits<Record>::kId};
   if (score) {
     fit.unknown = UnknownFields(message);
     fit.implausible = CountImplausibleValues(message);
@@ -71,41 +69,42 @@ std::optional<Fit> FitOf(std::string_view content, FileFormat format,
   return fit;
 }
 
-using TableSet = std::array<bool, kAllTableKinds.size()>;
+using TableSet = std::array<bool, kAllTableIds.size()>;
 constexpr TableSet kEveryTable = {true, true, true, true};
 
 std::vector<Fit> Fits(std::string_view content, FileFormat format,
                       bool score, const TableSet& candidates) {
   std::vector<Fit> fits;
-  for (TableKind kind : kAllTableKinds) {
+  for (qawb::TableId kind : kAllTableIds) {
     if (!candidates[static_cast<int>(kind)]) continue;
-    const std::optional<Fit> fit = VisitTableKind(kind, [&](auto type) {
-      return FitOf<typename decltype(type)::type>(content, format, score);
-    });
+    const std::optional<Fit> fit =
+        qawb::VisitTable(kind, [&]<typename Record>() {
+          return FitOf<Record>(content, format, score);
+        });
     if (fit) fits.push_back(*fit);
   }
   return fits;
 }
 
-std::string KindList(const std::vector<TableKind>& kinds) {
+std::string KindList(const std::vector<qawb::TableId>& kinds) {
   std::vector<std::string_view> names;
-  for (TableKind kind : kinds) names.push_back(TableName(kind));
+  for (qawb::TableId kind : kinds) names.push_back(TableName(kind));
   return fmt::format("{}", fmt::join(names, ", "));
 }
 
 // Which tables have a field the key names.
 TableSet TablesNaming(std::string_view key) {
   TableSet has{};
-  for (TableKind kind : kAllTableKinds) {
-    has[static_cast<int>(kind)] = VisitTableKind(kind, [&](auto type) {
-      using Message =
-          typename TableTraits<typename decltype(type)::type>::Message;
-      const auto& descriptor = *Message::descriptor();
-      for (int f = 0; f < descriptor.field_count(); ++f) {
-        if (JsonKeyMatches(key, descriptor.field(f)->name())) return true;
-      }
-      return false;
-    });
+  for (qawb::TableId kind : kAllTableIds) {
+    has[static_cast<int>(kind)] =
+        qawb::VisitTable(kind, [&]<typename Record>() {
+          using Message = typename protomsg::TuningTableTraits<Record>::Message;
+          const auto& descriptor = *Message::descriptor();
+          for (int f = 0; f < descriptor.field_count(); ++f) {
+            if (JsonKeyMatches(key, descriptor.field(f)->name())) return true;
+          }
+          return false;
+        });
   }
   return has;
 }
@@ -115,7 +114,7 @@ struct NamedTables {
   // Tables with a field for every key: no other table takes the file, as
   // protobuf refuses unknown fields.
   TableSet possible = kEveryTable;
-  std::optional<TableKind> kind;  // the table that names the most keys
+  std::optional<qawb::TableId> kind;  // the table that names the most keys
   bool only = false;              // no other table names any of them
 };
 
@@ -126,7 +125,7 @@ NamedTables NamedByKeys(const JsonValue& root) {
     result.possible = {};
     return result;
   }
-  std::array<int, kAllTableKinds.size()> named{};
+  std::array<int, kAllTableIds.size()> named{};
   for (const JsonMember& member : root.members()) {
     const TableSet has = TablesNaming(member.key);
     for (std::size_t i = 0; i < has.size(); ++i) {
@@ -139,7 +138,7 @@ NamedTables NamedByKeys(const JsonValue& root) {
   if (*best == 0 || std::count(named.begin(), named.end(), *best) > 1) {
     return result;
   }
-  result.kind = kAllTableKinds[best - named.begin()];
+  result.kind = kAllTableIds[best - named.begin()];
   result.only = std::count(named.begin(), named.end(), 0) ==
                 static_cast<long>(named.size()) - 1;
   return result;
@@ -180,7 +179,7 @@ TableGuess GuessTableUncached(std::string_view content, FileFormat format) {
     if (!guess.kind) guess.note = "the file is not a tuning file of any table";
     return guess;
   }
-  std::vector<TableKind> canonical;
+  std::vector<qawb::TableId> canonical;
   for (const Fit& fit : fits) {
     if (fit.canonical) canonical.push_back(fit.kind);
   }
@@ -194,7 +193,7 @@ TableGuess GuessTableUncached(std::string_view content, FileFormat format) {
   }
   long best = fits.front().Score();
   for (const Fit& fit : fits) best = std::min(best, fit.Score());
-  std::vector<TableKind> best_kinds;
+  std::vector<qawb::TableId> best_kinds;
   for (const Fit& fit : fits) {
     if (fit.Score() == best) best_kinds.push_back(fit.kind);
   }
@@ -227,40 +226,17 @@ TableGuess GuessTable(std::string_view content, FileFormat format) {
   return last->guess;
 }
 
-std::string TableMismatch(std::string_view name, TableKind is,
-                          TableKind expected) {
+std::string TableMismatch(std::string_view name, qawb::TableId is,
+                          qawb::TableId expected) {
   return fmt::format("{}: this is {} {} table, not {} {} table", name,
-                     is == TableKind::kAdvance ? "an" : "a", TableName(is),
-                     expected == TableKind::kAdvance ? "an" : "a",
+                     is == qawb::TableId::kAdvance ? "an" : "a", TableName(is),
+                     expected == qawb::TableId::kAdvance ? "an" : "a",
                      TableName(expected));
-}
-
-Result<TableKind> ParseTableOption(std::string_view text) {
-  if (const std::optional<TableKind> kind = ParseTableKind(text)) return *kind;
-  return ToolError{
-      fmt::format("--table: '{}' is not a table: use {}", text, TableNames()),
-      kExitUsage};
-}
-
-Result<FileFormat> ResolveFormat(const std::string& path,
-                                 const std::string& format_option) {
-  if (!format_option.empty()) {
-    if (const auto format = ParseFileFormat(format_option)) return *format;
-    return ToolError{fmt::format("'{}' is not a format: use json or binary",
-                                 format_option),
-                     kExitUsage};
-  }
-  if (const auto format = FormatFromPath(path)) return *format;
-  return ToolError{
-      fmt::format("{}: cannot tell the format from the name (.json, .pb or "
-                  ".bin); give --from/--to json|binary",
-                  path),
-      kExitUsage};
 }
 
 std::optional<ToolError> CheckTableFits(const std::string& path,
                                         std::string_view content,
-                                        FileFormat format, TableKind kind) {
+                                        FileFormat format, qawb::TableId kind) {
   const TableGuess guess = GuessTable(content, format);
   if (guess.container_dump) {
     return ToolError{fmt::format("{}: {}", path, guess.note), kExitFailure};
@@ -269,33 +245,6 @@ std::optional<ToolError> CheckTableFits(const std::string& path,
     return ToolError{TableMismatch(path, *guess.kind, kind), kExitFailure};
   }
   return std::nullopt;
-}
-
-Result<TableKind> ResolveTable(const std::string& path, FileFormat format,
-                               const std::string& table_option,
-                               TableGuess* guess_out) {
-  const Result<std::string> content = ReadInputFile(path);
-  if (!content.ok()) return content.error();
-  if (!table_option.empty()) {
-    const Result<TableKind> kind = ParseTableOption(table_option);
-    if (!kind.ok()) return kind;
-    if (auto refused = CheckTableFits(path, *content, format, *kind)) {
-      return *refused;
-    }
-    return kind;
-  }
-  if (content->empty() && format == FileFormat::kJson) {
-    return ToolError{fmt::format("{}: the file is empty", path)};
-  }
-  const TableGuess guess = GuessTable(*content, format);
-  if (guess_out != nullptr) *guess_out = guess;
-  if (guess.kind) return *guess.kind;
-  // A syntax error reads the same whichever table the file was meant to be.
-  if (format == FileFormat::kJson &&
-      std::holds_alternative<JsonSyntaxError>(ParseJsonDocument(*content))) {
-    return ToolError{DescribeReadFailure(path, format, TableKind::kBasic)};
-  }
-  return ToolError{fmt::format("{}: {}", path, guess.note)};
 }
 
 }  // namespace q3a_tool

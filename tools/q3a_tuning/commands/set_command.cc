@@ -1,7 +1,6 @@
-// `get` and `set`: one value of a table without opening a 12,000-line file.
-// `get` prints what the library reads at a path; `set` changes values
-// through the schema and writes the file back through the output routine
-// (in place, atomically, unless -o names another file).
+// `set`: changes values of a tuning file through the schema and writes the
+// file back through the output routine (in place, atomically, unless -o
+// names another file).
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -14,6 +13,7 @@
 #include "protomsg/record_conversions.h"
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/edit_counts.h"
 #include "tools/q3a_tuning/io/edit_lock.h"
@@ -23,35 +23,6 @@
 
 namespace q3a_tool {
 namespace {
-
-struct GetOptions {
-  std::string input;
-  std::string path;
-  std::string table;
-  std::string from;
-};
-
-int RunGet(const GetOptions& options) {
-  const auto defaults = DefaultContainer();
-  const Result<TableOperand> operand =
-      ParseTableOperand(options.input, *defaults, options.from);
-  if (!operand.ok()) return ReportError(operand.error());
-  const Result<TableKind> kind = OperandKind(*operand, options.table);
-  if (!kind.ok()) return ReportError(kind.error());
-  return VisitTableKind(*kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
-    auto table = MakeZeroedTable<Record>();
-    if (auto error = LoadOperand(*operand, *table)) return ReportError(*error);
-    typename TableTraits<Record>::Message message;
-    protomsg::ConvertToMessage(*table, message);
-    const Result<std::string> value = GetValueJson(message, options.path);
-    if (!value.ok()) return ReportError(value.error());
-    std::string_view text = *value;
-    while (text.ends_with('\n')) text.remove_suffix(1);
-    fmt::print("{}\n", text);
-    return kExitOk;
-  });
-}
 
 struct SetOptions {
   std::string input;
@@ -64,12 +35,13 @@ struct SetOptions {
 };
 
 // The edit of `message`: each assignment applied, then checked against the
-// count rules. Prints the warnings; returns the change lines, or the error
-// that stops the edit.
+// count rules and the lint. Reports the warnings; returns the change lines,
+// or the error that stops the edit.
 Result<std::vector<std::string>> ApplyAssignments(
-    google::protobuf::Message& message, const SetOptions& options) {
+    google::protobuf::Message& message, const SetOptions& options,
+    DiagnosticSink& diagnostics) {
   std::vector<std::string> before_findings;
-  for (const Finding& f : LintTableMessage(message)) {
+  for (const Diagnostic& f : LintTableMessage(message)) {
     before_findings.push_back(f.path + f.message);
   }
   std::vector<std::string> changes;
@@ -95,13 +67,15 @@ Result<std::vector<std::string>> ApplyAssignments(
                     "anyway)",
                     options.input, fmt::join(counts.over_capacity, "; "))};
   }
-  for (const std::string& warning : counts.unused_entries) {
-    fmt::print(stderr, "warning: {}\n", warning);
+  for (Diagnostic warning : counts.unused_entries) {
+    warning.file = options.input;
+    diagnostics.Warn(warning);
   }
-  for (const Finding& f : LintTableMessage(message)) {
+  for (Diagnostic& f : LintTableMessage(message)) {
     if (std::find(before_findings.begin(), before_findings.end(),
                   f.path + f.message) == before_findings.end()) {
-      fmt::print(stderr, "warning: {}: {}\n", f.path, f.message);
+      f.file = options.input;
+      diagnostics.Warn(f);
     }
   }
   return changes;
@@ -134,28 +108,26 @@ int RunSet(const SetOptions& options) {
     lock.emplace(std::move(*locked));
     write.output.unchanged_since = lock->stamp();
   }
-  const Result<TableKind> kind =
+  const Result<qawb::TableId> kind =
       ResolveTable(options.input, *from, options.table);
   if (!kind.ok()) return ReportError(kind.error());
-  return VisitTableKind(*kind, [&](auto type) {
-    using Record = typename decltype(type)::type;
+  return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     if (auto error = LoadTableFile(options.input, *from, *table)) {
       return ReportError(*error);
     }
-    typename TableTraits<Record>::Message message;
+    typename protomsg::TuningTableTraits<Record>::Message message;
     protomsg::ConvertToMessage(*table, message);
+    DiagnosticSink diagnostics;
     const Result<std::vector<std::string>> changes =
-        ApplyAssignments(message, options);
+        ApplyAssignments(message, options, diagnostics);
     if (!changes.ok()) return ReportError(changes.error());
     auto edited = MakeZeroedTable<Record>();
     protomsg::ConvertToStruct(message, *edited);
-    const Result<std::vector<std::string>> warnings =
+    const Result<std::vector<Diagnostic>> warnings =
         WriteTableFile(output, *edited, write);
     if (!warnings.ok()) return ReportError(warnings.error());
-    for (const std::string& warning : *warnings) {
-      fmt::print(stderr, "warning: {}\n", warning);
-    }
+    diagnostics.Report(*warnings);
     // With the table itself on stdout, the report goes to stderr.
     std::FILE* report = output == kStdoutPath ? stderr : stdout;
     for (const std::string& change : *changes) {
@@ -168,55 +140,30 @@ int RunSet(const SetOptions& options) {
 
 }  // namespace
 
-void AddGetCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<GetOptions>();
-  auto* command = app.add_subcommand(
-      "get",
-      "Print the value or sub-table at PATH as JSON, as the library reads "
-      "the table. The table is a tuning file, awb:KEY:TABLE or "
-      "defaults:TABLE.");
-  command->add_option("table_operand", options->input, "The table")
-      ->required();
-  command->add_option("path", options->path,
-                      "e.g. face_tuning_table.max_face_count or "
-                      "illuminant_weight_table.cct_list[3]")
-      ->required();
-  command->add_option("--table", options->table,
-                      TableNames() + " (guessed if omitted)");
-  AddFromOption(*command, options->from);
-  command->footer(
-      "Example:\n  q3a-tuning get feature.json "
-      "face_tuning_table.max_face_count");
-  command->callback([&exit_code, options] { exit_code = RunGet(*options); });
-}
-
 void AddSetCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<SetOptions>();
-  auto* command = app.add_subcommand(
-      "set",
+  CLI::App* command = AddSubcommand(
+      app, exit_code, "set",
       "Change values of a JSON or binary tuning file through the schema "
       "(type, range of the record's field and list capacity checked) and "
       "write it back in place, atomically, or to -o (- for stdout). The "
       "file is written as the library's writer prints it (full form) "
       "unless --compact. Prints each change as `path: old -> new`. An "
       "in-place edit waits for another one on the same file and never "
-      "replaces a file changed since it was read.");
+      "replaces a file changed since it was read.",
+      "q3a-tuning set feature.json face_tuning_table.max_face_count=6 "
+      "version.minor=4",
+      options, RunSet);
   command->add_option("file", options->input, "Tuning file")->required();
   command->add_option("assignments", options->assignments, "PATH=VALUE ...")
       ->required();
-  command->add_option("-o,--output", options->output,
-                      "Write here instead of over the file; - for stdout");
-  command->add_option("--table", options->table,
-                      TableNames() + " (guessed if omitted)");
+  AddOutputOption(*command, options->output,
+                  "Write here instead of over the file; - for stdout");
+  AddTableOption(*command, options->table);
   AddFromOption(*command, options->from);
-  command->add_flag("--compact", options->compact,
-                    "Write the compact form (see export)");
+  AddCompactFlag(*command, options->compact);
   command->add_flag("--force", options->force,
                     "Write a count above its list's capacity");
-  command->footer(
-      "Example:\n  q3a-tuning set feature.json "
-      "face_tuning_table.max_face_count=6 version.minor=4");
-  command->callback([&exit_code, options] { exit_code = RunSet(*options); });
 }
 
 }  // namespace q3a_tool

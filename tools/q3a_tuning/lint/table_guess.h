@@ -5,8 +5,8 @@
 // mismatches, holds plausible values, and best of all re-encodes to the very
 // bytes of the file, as every file the library's writer produced does. A
 // tuning binary file (the container's dump) is recognised too.
-#ifndef TOOLS_Q3A_TUNING_IO_TABLE_GUESS_H_
-#define TOOLS_Q3A_TUNING_IO_TABLE_GUESS_H_
+#ifndef TOOLS_Q3A_TUNING_LINT_TABLE_GUESS_H_
+#define TOOLS_Q3A_TUNING_LINT_TABLE_GUESS_H_
 
 #include <optional>
 #include <string>
@@ -18,7 +18,7 @@
 namespace q3a_tool {
 
 struct TableGuess {
-  std::optional<TableKind> kind;  // the table that fits best, if one does
+  std::optional<qawb::TableId> kind;  // the table that fits best, if one does
   // `kind` fits and no other table fits as well, or, for a JSON file no
   // table takes, only `kind` has fields its keys name.
   bool certain = false;
@@ -28,33 +28,17 @@ struct TableGuess {
 
 TableGuess GuessTable(std::string_view content, FileFormat format);
 
-// A --table option's table; a usage error naming the tables otherwise.
-Result<TableKind> ParseTableOption(std::string_view text);
-
-// The file's format from --from/--to text if given, else from the path.
-// A usage error when neither decides.
-Result<FileFormat> ResolveFormat(const std::string& path,
-                                 const std::string& format_option);
-
 // "NAME: this is a basic table, not a color table".
-std::string TableMismatch(std::string_view name, TableKind is,
-                          TableKind expected);
+std::string TableMismatch(std::string_view name, qawb::TableId is,
+                          qawb::TableId expected);
 
 // Refuses `content` of `path` as a `kind` table when it certainly holds
 // another table ("this is a basic table, not a color table") or is a tuning
 // binary file. Exit code 1.
 std::optional<ToolError> CheckTableFits(const std::string& path,
                                         std::string_view content,
-                                        FileFormat format, TableKind kind);
-
-// The table of the file at `path`: --table if given (checked against the
-// file with CheckTableFits), else the guess, which `guess` receives if
-// given. Fails for an unreadable file (exit 2), one that fits no single
-// table, or a contradiction (exit 1).
-Result<TableKind> ResolveTable(const std::string& path, FileFormat format,
-                               const std::string& table_option,
-                               TableGuess* guess = nullptr);
+                                        FileFormat format, qawb::TableId kind);
 
 }  // namespace q3a_tool
 
-#endif  // TOOLS_Q3A_TUNING_IO_TABLE_GUESS_H_
+#endif  // TOOLS_Q3A_TUNING_LINT_TABLE_GUESS_H_

@@ -1,0 +1,36 @@
+#include "tools/q3a_tuning/commands/diagnostic_sink.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace q3a_tool {
+
+void DiagnosticSink::Report(const Diagnostic& diagnostic) {
+  ++count_;
+  if (json_) {
+    kept_.push_back(diagnostic);
+  } else {
+    fmt::print(stream_, "{}\n", DiagnosticText(diagnostic));
+  }
+}
+
+void DiagnosticSink::Report(const std::vector<Diagnostic>& diagnostics) {
+  for (const Diagnostic& diagnostic : diagnostics) Report(diagnostic);
+}
+
+void DiagnosticSink::Warn(Diagnostic diagnostic) {
+  diagnostic.severity = Severity::kWarning;
+  Report(diagnostic);
+}
+
+void DiagnosticSink::Finish() const {
+  if (json_) fmt::print("{}", DiagnosticsJson(kept_));
+}
+
+int ReportError(const ToolError& error) {
+  DiagnosticSink().Report(Diagnostic{.message = error.message});
+  return error.exit_code;
+}
+
+}  // namespace q3a_tool
