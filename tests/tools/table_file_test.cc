@@ -21,19 +21,21 @@ TEST(WriteTableFile, JsonHoldsNoNegativeZeroNorNaNPayloadAndSaysSo) {
   auto table = MakeZeroedTable<qawb::QAWBBasicTuningTable>();
   table->initial_gain.r_gain = -0.0f;
   table->initial_gain.b_gain = -std::numeric_limits<float>::quiet_NaN();
-  const Result<std::vector<std::string>> json =
+  const Result<std::vector<Diagnostic>> json =
       WriteTableFile(dir.File("t.json"), *table, {FileFormat::kJson});
   ASSERT_TRUE(json.ok()) << json.error().message;
   ASSERT_EQ(json->size(), 1u);
-  EXPECT_THAT((*json)[0], HasSubstr("1 value(s) of -0 written as 0 (the "
-                                    "first at initial_gain.r_gain)"));
-  EXPECT_THAT((*json)[0], HasSubstr("1 NaN(s) with a sign or payload"));
+  const std::string warning = DiagnosticText((*json)[0]);
+  EXPECT_THAT(warning, HasSubstr("warning: " + dir.File("t.json") +
+                                 ": 1 value(s) of -0 written as 0 (the "
+                                 "first at initial_gain.r_gain)"));
+  EXPECT_THAT(warning, HasSubstr("1 NaN(s) with a sign or payload"));
   auto back = MakeZeroedTable<qawb::QAWBBasicTuningTable>();
   ASSERT_TRUE(ReadTableFile(dir.File("t.json"), FileFormat::kJson, *back));
   EXPECT_FALSE(std::signbit(back->initial_gain.r_gain));
   EXPECT_TRUE(std::isnan(back->initial_gain.b_gain));
 
-  const Result<std::vector<std::string>> binary =
+  const Result<std::vector<Diagnostic>> binary =
       WriteTableFile(dir.File("t.pb"), *table, {FileFormat::kBinary});
   ASSERT_TRUE(binary.ok()) << binary.error().message;
   EXPECT_TRUE(binary->empty());

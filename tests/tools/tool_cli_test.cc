@@ -316,6 +316,22 @@ INSTANTIATE_TEST_SUITE_P(
                      ":1:151: outdoor_tuning_table.outdoor_final_trust_level_"
                      "list.bv_stats_trust_info.stats_type.base_region[0]: "
                      "invalid value \"kQAWBFrameSummaryTypegreen\""},
+        // Forms the library refuses are located and named by their rule.
+        ValidateCase{"Comment",
+                     "{\n  // warm\n  \"initial_cct\": 4100\n}",
+                     {"--table", "basic"},
+                     ":2:3: Expected an object key or }. (a comment: JSON has "
+                     "none, and the library's reader refuses it)"},
+        ValidateCase{"CommentRuleInJson",
+                     "{\n  /* warm */ \"initial_cct\": 4100\n}",
+                     {"--table", "basic", "--json"},
+                     "\",\n    \"line\": 2,\n    \"column\": 3,\n    "
+                     "\"path\": \"\",\n    \"rule\": \"comment\""},
+        ValidateCase{"ByteOrderMark",
+                     "\xEF\xBB\xBF{\"initial_cct\": 4100}",
+                     {"--table", "basic", "--json"},
+                     "\",\n    \"line\": 1,\n    \"column\": 1,\n    "
+                     "\"path\": \"\",\n    \"rule\": \"byte-order-mark\""},
         ValidateCase{"SyntaxError",
                      "{\n  \"initial_cct\": 4100\n  \"x\": 1\n}",
                      {},

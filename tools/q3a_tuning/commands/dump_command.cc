@@ -8,6 +8,7 @@
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
+#include "tools/q3a_tuning/commands/table_files_output.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 
 namespace q3a_tool {
@@ -17,24 +18,19 @@ using qawb::MutableQAWBTuning;
 
 struct DumpOptions {
   std::string input;
-  std::string directory;
-  std::string format = "json";
-  bool compact = false;
-  bool force = false;
+  TableFilesOutput output;
 };
 
 int RunDump(const DumpOptions& options) {
-  const std::optional<FileFormat> format = ParseFileFormat(options.format);
-  if (!format) return ReportError({"--format: use json or binary", kExitUsage});
+  const std::string inputs[] = {options.input};
+  const Result<TableFileOptions> write =
+      TableFilesOptions(options.output, inputs);
+  if (!write.ok()) return ReportError(write.error());
   auto tuning = std::make_unique<MutableQAWBTuning>();
   if (auto error = ReadTuningBinaryFile(options.input, *tuning)) {
     return ReportError(*error);
   }
-  const std::string inputs[] = {options.input};
-  return ExportTableFiles(
-      *tuning, options.directory,
-      {*format, options.compact,
-       {.inputs = inputs, .keep_differing = !options.force}});
+  return ExportTableFiles(*tuning, options.output.directory, *write);
 }
 
 }  // namespace
@@ -49,11 +45,7 @@ void AddDumpCommand(CLI::App& app, int& exit_code) {
       "q3a-tuning dump tuning.bin -o tables", options, RunDump);
   command->add_option("input", options->input, "Tuning binary file")
       ->required();
-  AddOutputOption(*command, options->directory, "Output directory")
-      ->required();
-  AddFormatOption(*command, options->format);
-  AddCompactFlag(*command, options->compact);
-  AddReplaceFlag(*command, options->force);
+  AddTableFilesOutput(*command, options->output);
 }
 
 }  // namespace q3a_tool

@@ -10,6 +10,7 @@
 #include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
 #include "tools/q3a_tuning/commands/diagnostic_sink.h"
+#include "tools/q3a_tuning/commands/table_files_output.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
 #include "tools/q3a_tuning/io/table_file.h"
 
@@ -20,10 +21,7 @@ struct ExportOptions {
   std::string node = "awb";
   std::string key;
   bool defaults = false;
-  std::string directory;
-  std::string format = "json";
-  bool compact = false;
-  bool force = false;
+  TableFilesOutput output;
 };
 
 int RunExport(const ExportOptions& options) {
@@ -34,8 +32,8 @@ int RunExport(const ExportOptions& options) {
                      options.node),
          kExitUsage});
   }
-  const std::optional<FileFormat> format = ParseFileFormat(options.format);
-  if (!format) return ReportError({"--format: use json or binary", kExitUsage});
+  const Result<TableFileOptions> write = TableFilesOptions(options.output);
+  if (!write.ok()) return ReportError(write.error());
   std::unique_ptr<qawb::MutableQAWBTuning> defaults;
   const qawb::QAWBTuning* tuning = nullptr;
   if (options.defaults) {
@@ -46,9 +44,7 @@ int RunExport(const ExportOptions& options) {
     if (!container.ok()) return ReportError(container.error());
     tuning = *container;
   }
-  return ExportTableFiles(*tuning, options.directory,
-                          {*format, options.compact,
-                           {.keep_differing = !options.force}});
+  return ExportTableFiles(*tuning, options.output.directory, *write);
 }
 
 }  // namespace
@@ -91,11 +87,7 @@ void AddExportCommand(CLI::App& app, int& exit_code) {
       throw CLI::ValidationError("export", "give --key KEY or --defaults");
     }
   });
-  AddOutputOption(*command, options->directory, "Output directory")
-      ->required();
-  AddFormatOption(*command, options->format);
-  AddCompactFlag(*command, options->compact);
-  AddReplaceFlag(*command, options->force);
+  AddTableFilesOutput(*command, options->output);
 }
 
 }  // namespace q3a_tool

@@ -201,7 +201,8 @@ JsonLocation LocateJsonFailure(std::string_view text,
                             ? "a comment: JSON has none, and the library's "
                               "reader refuses it"
                             : "a byte-order mark, which the library's reader "
-                              "refuses"};
+                              "refuses",
+                        leniency.rule};
   }
   if (const auto* error = std::get_if<JsonSyntaxError>(&parsed)) {
     return JsonLocation{error->position, "", error->reason};

@@ -18,6 +18,7 @@ struct JsonLocation {
   TextPosition position;
   std::string path;    // empty for the whole document
   std::string detail;  // what is wrong there, in the tool's words
+  std::string rule{};  // the lint rule the refused form breaks, if one does
 };
 
 // The first key the message does not have, value of the wrong kind (object,

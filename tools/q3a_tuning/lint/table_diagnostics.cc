@@ -69,6 +69,7 @@ Diagnostic DiagnoseReadFailure(const std::string& path, FileFormat format,
     problem.line = where.position.line;
     problem.column = where.position.column;
     problem.path = where.path;
+    if (!where.rule.empty()) problem.rule = where.rule;
     if (where.path.empty()) {
       // A syntax error: protobuf's words, with the tool's in brackets.
       problem.message = FirstLine(failure->reason);

@@ -1,0 +1,33 @@
+# The tool's four folders depend one way: commands/ over lint/ and plot/,
+# both over io/. lint/ and plot/ know nothing of the command line: no
+# option parsing, no printing, no exit. Run as a test with
+# -DTOOL_DIR=<tools/q3a_tuning>; fails naming every line that breaks this.
+cmake_minimum_required(VERSION 3.25)
+set(may_include_io io)
+set(may_include_lint io lint)
+set(may_include_plot io plot)
+set(command_line_words "CLI/CLI.hpp|fmt::print|std::cout|std::cerr|stdout|stderr|exit\\(")
+set(broken "")
+foreach(folder io lint plot)
+  file(GLOB sources ${TOOL_DIR}/${folder}/*.h ${TOOL_DIR}/${folder}/*.cc
+       ${TOOL_DIR}/${folder}/*.def)
+  foreach(source IN LISTS sources)
+    file(STRINGS ${source} includes REGEX "^#include \"tools/q3a_tuning/")
+    foreach(line IN LISTS includes)
+      string(REGEX MATCH "tools/q3a_tuning/([a-z]+)/" _ "${line}")
+      if(NOT CMAKE_MATCH_1 IN_LIST may_include_${folder})
+        list(APPEND broken "${source}: ${line}")
+      endif()
+    endforeach()
+    if(NOT folder STREQUAL "io")
+      file(STRINGS ${source} command_line REGEX "${command_line_words}")
+      foreach(line IN LISTS command_line)
+        list(APPEND broken "${source}: the command line: ${line}")
+      endforeach()
+    endif()
+  endforeach()
+endforeach()
+if(broken)
+  list(JOIN broken "\n" text)
+  message(FATAL_ERROR "the tool's layers depend the wrong way:\n${text}")
+endif()
