@@ -42,14 +42,6 @@ namespace protomsg::internal {
 
 namespace ondemand = simdjson::ondemand;
 
-template <typename Record>
-consteval std::size_t FieldCount() {
-  std::size_t count = 0;
-  Record record{};
-  ForEachField(record, [&](const char*, const auto&) { ++count; });
-  return count;
-}
-
 class JsonRecordReader {
  public:
   // Reads the members of `object` into `record`, after setting the record's

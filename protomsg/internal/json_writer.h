@@ -63,12 +63,24 @@ inline char* PrintFloat(float value, char* out) {
                               std::chars_format::general, 6)
                     .ptr;
     float back;
+    // It always reads back (to_chars printed it); only the value may differ.
     const auto parsed = std::from_chars(out, end, back);
-    if (parsed.ec == std::errc() && back == value) return end;
+    const bool same = parsed.ec == std::errc() &&  // LCOV_EXCL_BR_LINE
+                      back == value;
+    if (same) return end;
   }
   return std::to_chars(out, out + kMaxFloatText, wide,
                        std::chars_format::general, 9)
       .ptr;
+}
+
+// How many fields `Record`'s field list has.
+template <typename Record>
+consteval std::size_t FieldCount() {
+  std::size_t count = 0;
+  Record record{};
+  ForEachField(record, [&](const char*, const auto&) { ++count; });
+  return count;
 }
 
 // The schema's name of a frame-summary message value.
@@ -91,24 +103,23 @@ class JsonPrinter {
 
   char* end() const { return out_; }
 
+  // Every record has fields, so the braces always stand on lines of their
+  // own (an empty message would print as {}).
   template <typename Record>
   void PrintRecord(const Record& record, int depth) {
-    bool first = true;
-    Put('{');
+    static_assert(FieldCount<Record>() > 0);
+    std::string_view before = "{\n";
     ForEachField(record, [&](const char* name, const auto& field) {
-      if (!first) Put(',');
-      first = false;
-      Put('\n');
+      Append(before);
+      before = ",\n";
       Indent(depth + 1);
       Put('"');
       Append(name);
       Append("\": ");
       PrintField(field, depth + 1);
     });
-    if (!first) {
-      Put('\n');
-      Indent(depth);
-    }
+    Put('\n');
+    Indent(depth);
     Put('}');
   }
 

@@ -48,7 +48,12 @@ class CanonicalReader {
     bool ok = true;
     std::uint32_t number = 0;
     ForEachField(record, [&](const char*, auto& field) {
-      if (ok) ok = ReadField(p, end, ++number, field);
+      // After a failure the rest of the input is dropped, so the fields
+      // that follow read as absent.
+      if (!ReadField(p, end, ++number, field)) {
+        ok = false;
+        p = end;
+      }
     });
     return ok && p == end;
   }

@@ -107,7 +107,22 @@ INSTANTIATE_TEST_SUITE_P(
                  R"({"version": {"major": -2147483648, "minor": 2147483647}})"},
         JsonCase{"integer_past_limit", R"({"version": {"minor": 2147483648}})"},
         // Keys and values protobuf maps in ways of its own.
-        JsonCase{"escaped_key", R"({"version": {"major": 2}})"},
+        JsonCase{"escaped_key", R"({"vers\u0069on": {"major": 2}})"},
+        JsonCase{"scalar_for_record", R"({"version": 1})"},
+        JsonCase{"integer_with_capital_exponent",
+                 R"({"version": {"major": 1E2}})"},
+        JsonCase{"enum_as_number",
+                 R"({"outdoor_tuning_table": {"outdoor_final_trust_level_list":
+                     {"bv_stats_trust_info": {"stats_type":
+                     {"target_region": 3}}}}})"},
+        JsonCase{"escaped_enum_name",
+                 R"({"outdoor_tuning_table": {"outdoor_final_trust_level_list":
+                     {"bv_stats_trust_info": {"stats_type":
+                     {"target_region": "kQAWBFrameSummaryType\u0042lue"}}}}})"},
+        JsonCase{"missing_colon", R"({"version": {"major": 2}, "x" 1})"},
+        JsonCase{"missing_comma_in_list",
+                 R"({"special_color_tuning_table": {"special_color_group_list":
+                     [{} {}]}})"},
         JsonCase{"camel_and_snake_same_field",
                  R"({"specialColorTuningTable": {"enable_flag": 1},
                      "special_color_tuning_table": {"enableFlag": 2}})"},

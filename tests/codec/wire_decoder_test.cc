@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -85,6 +86,26 @@ TYPED_TEST(WireDecoder, MatchesProtobufOnRewrittenInput) {
   ExpectDecodesLikeProtobuf<Record>(bytes + bytes);
   ExpectDecodesLikeProtobuf<Record>(
       bytes + EncodeRecord(*q3a_test::MakeEdgeRecord<Record>(1)));
+}
+
+// No field of the schema is a fixed64, so each field number given that wire
+// type is, for protobuf, an unknown field it keeps apart; the fields that
+// follow still count.
+TYPED_TEST(WireDecoder, MatchesProtobufOnAFieldOfTheWrongWireType) {
+  using Record = typename TypeParam::Record;
+  const std::string bytes = EncodeRecord(*q3a_test::MakeRecord<Record>(6));
+  const auto& type = *TypeParam::Message::descriptor();
+  for (int i = 0; i < type.field_count(); ++i) {
+    SCOPED_TRACE(type.field(i)->name());
+    const auto tag = static_cast<std::uint32_t>(type.field(i)->number()) << 3 |
+                     1;  // fixed64
+    std::string wrong;
+    for (std::uint32_t rest = tag; rest != 0; rest >>= 7) {
+      wrong += static_cast<char>((rest & 0x7F) | (rest > 0x7F ? 0x80 : 0));
+    }
+    wrong.append(8, '\x5A');
+    ExpectDecodesLikeProtobuf<Record>(wrong + bytes);
+  }
 }
 
 TYPED_TEST(WireDecoder, RejectsTruncatedInputAndKeepsTheRecord) {

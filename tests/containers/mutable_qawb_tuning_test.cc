@@ -291,6 +291,26 @@ TEST_F(MutableQAWBTuningTest, UnwritablePathIsLogged) {
                 path);
 }
 
+// The log's minimum priority above ERROR silences the container; its
+// results stay the same.
+TEST_F(MutableQAWBTuningTest, LogsNothingWhenErrorIsNotLoggable) {
+  const int before_priority =
+      __android_log_set_minimum_priority(ANDROID_LOG_FATAL);
+  MutableQAWBTuning tuning;
+  LoadPatternedTables(tuning);
+  const std::string before = TableBytes(tuning);
+  const std::string wrong_size = PathOf("wrong_size.bin");
+  ASSERT_TRUE(q3a_test::WriteFile(wrong_size, "short"));
+
+  tuning.WriteToFile(PathOf("no_such_dir/dump.bin"));
+  EXPECT_FALSE(tuning.ReadFromFile(PathOf("missing.bin")));
+  EXPECT_FALSE(tuning.ReadFromFile(wrong_size));
+  __android_log_set_minimum_priority(before_priority);
+
+  EXPECT_EQ(TableBytes(tuning), before);
+  EXPECT_TRUE(lines_.empty());
+}
+
 template <typename Table>
 class MutableQAWBTuningSetterTest : public testing::Test {};
 

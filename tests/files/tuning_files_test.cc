@@ -7,10 +7,14 @@
 #include <google/protobuf/message.h>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <sstream>
 #include <string>
+#include <thread>
 
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_table_traits.h"
@@ -93,6 +97,36 @@ TYPED_TEST(TuningFiles, WriteThenReadKeepsEveryField) {
     this->Save(encoding, path, *written);
     auto read = MakeRecord<TypeParam>(2);
     ASSERT_TRUE(this->Read(encoding, path, *read));
+    EXPECT_TRUE(SameBytes(*read, *written));
+  }
+}
+
+// The writers report nothing; a path they cannot open gets no file.
+TYPED_TEST(TuningFiles, WriterToAPathThatCannotBeOpenedWritesNothing) {
+  const auto table = MakeRecord<TypeParam>(1);
+  for (Encoding encoding : {Encoding::kJson, Encoding::kProtobuf}) {
+    const std::string path = this->dir_.File("missing/table");
+    this->Save(encoding, path, *table);
+    EXPECT_FALSE(std::ifstream(path).is_open());
+  }
+}
+
+// A FIFO reports no size, so the reader cannot size its buffer up front and
+// must still read the file to its end.
+TYPED_TEST(TuningFiles, ReadsAFileWhoseSizeIsNotKnownUpFront) {
+  for (Encoding encoding : {Encoding::kJson, Encoding::kProtobuf}) {
+    const auto written = MakeRecord<TypeParam>(3);
+    const std::string file = this->dir_.File("table");
+    this->Save(encoding, file, *written);
+    const std::string bytes = q3a_test::ReadFile(file);
+    const std::string fifo = this->dir_.File("fifo");
+    std::filesystem::remove(fifo);
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    std::thread writer([&] { std::ofstream(fifo) << bytes; });
+    auto read = MakeRecord<TypeParam>(4);
+    const bool ok = this->Read(encoding, fifo, *read);
+    writer.join();
+    ASSERT_TRUE(ok);
     EXPECT_TRUE(SameBytes(*read, *written));
   }
 }

@@ -56,6 +56,17 @@ TEST_F(LoaderTest, AllFourFilesAreLoadedAndLoggedInTableOrder) {
                                   feature_path_ + "\". (Version:7.4)");
 }
 
+// The DEBUG line is written only when DEBUG is loggable; the tables load
+// either way.
+TEST_F(LoaderTest, LoadsWithoutALineWhenDebugIsNotLoggable) {
+  android::base::SetMinimumLogSeverity(android::base::INFO);
+  const qawb::QAWBTuning* tuning = LoadQawbTuningFromFile(AllFiles(), &fixed_);
+  ASSERT_NE(tuning, nullptr);
+  ExpectTables(*tuning, *from_file_.basic, *from_file_.advance,
+               *from_file_.color_control, *from_file_.feature);
+  EXPECT_TRUE(lines_.empty());
+}
+
 // One key at a time: that table comes from its file and the other three from
 // the fixed container.
 TEST_F(LoaderTest, OneFileReplacesOnlyItsTable) {

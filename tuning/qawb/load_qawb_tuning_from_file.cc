@@ -37,15 +37,12 @@ void PrepareScratch(qawb::QAWBFeatureTuningTable& table) {
 
 // Loads one table into `tuning` by the rules of LoadQawbTuningFromFile.
 template <typename Table>
-void LoadTable(const Files& files, std::string_view key,
-               bool (*read)(const std::string&, Table&),
-               bool (qawb::MutableQAWBTuning::*set)(const Table*),
-               const Table* (qawb::QAWBTuning::*get)() const,
-               std::string_view setter, const qawb::QAWBTuning& fixed,
+void LoadTable(const Files& files, const qawb::QAWBTuning& fixed,
                qawb::MutableQAWBTuning& tuning) {
-  const auto file = files.find(key);
+  using Description = protomsg::TuningTableTraits<Table>;
+  const auto file = files.find(Description::kName);
   if (file == files.end()) {
-    (tuning.*set)((fixed.*get)());
+    qawb::SetTable(tuning, qawb::GetTable<Table>(fixed));
     return;
   }
   const std::string& path = file->second;
@@ -53,18 +50,20 @@ void LoadTable(const Files& files, std::string_view key,
 
   // Tables are up to 40 KB, too much for the stack of a camera thread.
   const std::unique_ptr<Table> scratch(new (std::nothrow) Table);
-  if (scratch == nullptr) return;
+  if (scratch == nullptr) return;  // LCOV_EXCL_BR_LINE: memory exhausted
   PrepareScratch(*scratch);
-  if (!read(path, *scratch)) return;
-  (tuning.*set)(scratch.get());
+  if (!Description::kReadJson(path, *scratch)) return;
+  qawb::SetTable(tuning, scratch.get());
 
   if (android::base::ShouldLog(android::base::DEBUG, kLogTag)) {
-    const qawb::QAWBParameterVersion& version = (tuning.*get)()->version;
+    const qawb::QAWBParameterVersion& version =
+        qawb::GetTable<Table>(tuning)->version;
     android::base::LogMessage(__FILE__, __LINE__, android::base::DEBUG, kLogTag,
                               -1)
             .stream()
-        << fmt::format("{} with file \"{}\". (Version:{}.{})", setter, path,
-                       unsigned{version.major}, unsigned{version.minor});
+        << fmt::format("{} with file \"{}\". (Version:{}.{})",
+                       Description::kSetterName, path, unsigned{version.major},
+                       unsigned{version.minor});
   }
 }
 
@@ -79,12 +78,8 @@ const qawb::QAWBTuning* LoadQawbTuningFromFile(const Files& files,
   qawb::MutableQAWBTuning& tuning = *container;
   if (fixed == nullptr) return nullptr;
 
-  qawb::ForEachTableInLoadOrder([&]<typename Table>() {
-    using Description = protomsg::TuningTableTraits<Table>;
-    LoadTable(files, Description::kName, Description::kReadJson,
-              qawb::TableAccess<Table>::kSet, qawb::TableAccess<Table>::kGet,
-              Description::kSetterName, *fixed, tuning);
-  });
+  qawb::ForEachTableInLoadOrder(
+      [&]<typename Table>() { LoadTable<Table>(files, *fixed, tuning); });
   return &tuning;
 }
 

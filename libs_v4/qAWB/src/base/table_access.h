@@ -13,11 +13,17 @@ namespace qawb {
 template <typename Record>
 struct TableAccess;
 
-#define QAWB_INTERNAL_TABLE_ACCESS(Id, Stem, name, load_position) \
-  template <>                                                     \
-  struct TableAccess<QAWB##Stem> {                                \
-    static constexpr auto kGet = &QAWBTuning::Get##Stem;          \
-    static constexpr auto kSet = &MutableQAWBTuning::Set##Stem;   \
+// Plain functions rather than member pointers: a call through a member
+// pointer tests at run time whether the member is virtual.
+#define QAWB_INTERNAL_TABLE_ACCESS(Id, Stem, name, load_position)         \
+  template <>                                                             \
+  struct TableAccess<QAWB##Stem> {                                        \
+    static const QAWB##Stem* Get(const QAWBTuning& tuning) {              \
+      return tuning.Get##Stem();                                          \
+    }                                                                     \
+    static bool Set(MutableQAWBTuning& tuning, const QAWB##Stem* table) { \
+      return tuning.Set##Stem(table);                                     \
+    }                                                                     \
   };
 QAWB_TUNING_TABLES(QAWB_INTERNAL_TABLE_ACCESS)
 #undef QAWB_INTERNAL_TABLE_ACCESS
@@ -25,14 +31,14 @@ QAWB_TUNING_TABLES(QAWB_INTERNAL_TABLE_ACCESS)
 // `tuning`'s table of type Record, as its getter returns it (may be null).
 template <typename Record>
 const Record* GetTable(const QAWBTuning& tuning) {
-  return (tuning.*TableAccess<Record>::kGet)();
+  return TableAccess<Record>::Get(tuning);
 }
 
 // Copies `table` over `tuning`'s table of type Record; false, and nothing
 // changed, if `table` is null.
 template <typename Record>
 bool SetTable(MutableQAWBTuning& tuning, const Record* table) {
-  return (tuning.*TableAccess<Record>::kSet)(table);
+  return TableAccess<Record>::Set(tuning, table);
 }
 
 // Copies every table of `from` over `to`'s; a null table of `from` leaves
