@@ -3,12 +3,14 @@
 // writers (or in the compact form).
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "tools/q3a_tuning/commands/commands.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/json_schema.h"
 #include "tools/q3a_tuning/io/table_file.h"
 
 namespace q3a_tool {
@@ -22,7 +24,23 @@ struct ExportOptions {
   std::string format = "json";
   bool compact = false;
   bool force = false;
+  bool schemas = false;
 };
+
+// Each table's JSON Schema beside its file; prints each one written.
+int WriteSchemaFiles(const std::string& directory) {
+  int exit_code = kExitOk;
+  for (TableKind kind : kAllTableKinds) {
+    const std::string path = directory + "/" + SchemaFileName(kind);
+    if (auto error =
+            WriteOutputFile(path, TableJsonSchema(kind), {.text = true})) {
+      exit_code = ReportError(*error);
+      continue;
+    }
+    fmt::print("{}\n", path);
+  }
+  return exit_code;
+}
 
 int RunExport(const ExportOptions& options) {
   if (options.node != "awb") {
@@ -34,6 +52,11 @@ int RunExport(const ExportOptions& options) {
   }
   const std::optional<FileFormat> format = ParseFileFormat(options.format);
   if (!format) return ReportError({"--format: use json or binary", kExitUsage});
+  if (options.schemas && *format != FileFormat::kJson) {
+    return ReportError(
+        {"--schemas: schemas describe JSON files; drop --format binary",
+         kExitUsage});
+  }
   std::unique_ptr<qawb::MutableQAWBTuning> defaults;
   const qawb::QAWBTuning* tuning = nullptr;
   if (options.defaults) {
@@ -44,9 +67,12 @@ int RunExport(const ExportOptions& options) {
     if (!container.ok()) return ReportError(container.error());
     tuning = *container;
   }
-  return ExportTableFiles(*tuning, options.directory,
-                          {*format, options.compact,
-                           {.keep_differing = !options.force}});
+  const int exit_code =
+      ExportTableFiles(*tuning, options.directory,
+                       {*format, options.compact,
+                        {.keep_differing = !options.force}});
+  if (!options.schemas || exit_code == kExitUsage) return exit_code;
+  return std::max(exit_code, WriteSchemaFiles(options.directory));
 }
 
 }  // namespace
@@ -95,6 +121,9 @@ void AddExportCommand(CLI::App& app, int& exit_code) {
                     "counts, no zero tails, no default scalars");
   command->add_flag("--force", options->force,
                     "Replace files that hold something else");
+  command->add_flag("--schemas", options->schemas,
+                    "Also write each table's JSON Schema beside its file, "
+                    "as basic.schema.json and so on (JSON only)");
   command->footer("Example:\n  q3a-tuning export --key 0,-1,1,0,-1 -o tables");
   command->callback([&exit_code, options, key, defaults] {
     if (key->count() == 0 && defaults->count() == 0) {
