@@ -111,7 +111,7 @@ _q3a_tuning() {{
       COMPREPLY=($(compgen -W "json binary" -- "$cur")); return ;;
     --tolerance) return ;;
     -o|--output|--against|--base)
-      compopt -o filenames; COMPREPLY=($(compgen -f -- "$cur")); return ;;
+      compopt -o filenames 2>/dev/null; COMPREPLY=($(compgen -f -- "$cur")); return ;;
   esac
   local options=""
   case $command in
@@ -124,7 +124,7 @@ _q3a_tuning() {{
   case $command in
     {table_commands}) COMPREPLY=($(compgen -W "{tables}" -- "$cur")); return ;;
   esac
-  compopt -o filenames
+  compopt -o filenames 2>/dev/null
   COMPREPLY=($(compgen -f -- "$cur"))
 }}
 complete -F _q3a_tuning q3a-tuning
