@@ -89,15 +89,31 @@ def first_field(schema, document, predicate):
     return None
 
 
-def is_float(field):
-    return "anyOf" in field and any(
-        alt.get("type") == "number" for alt in field["anyOf"])
+# Pickers of a field by its value and its (resolved) schema.
+def INTEGER(value, field):
+    return (isinstance(value, int) and not isinstance(value, bool)
+            and field.get("type") == "integer")
 
 
-def is_enum(field):
-    return "anyOf" in field and any("enum" in alt and isinstance(
-        alt["enum"][0], str) and alt["enum"][0].startswith("k")
-        for alt in field["anyOf"])
+def INT32(value, field):
+    return INTEGER(value, field) and field.get("maximum") == 2**31 - 1
+
+
+def NARROW(value, field):
+    return INTEGER(value, field) and field["maximum"] < 2**31 - 1
+
+
+def FLOAT(value, field):
+    return any(alt.get("type") == "number" for alt in field.get("anyOf", []))
+
+
+def ENUM(value, field):
+    return isinstance(value, str) and any(
+        value in alt.get("enum", []) for alt in field.get("anyOf", []))
+
+
+def FULL_LIST(value, field):
+    return isinstance(value, list) and len(value) == field.get("maxItems")
 
 
 class JsonSchemaTest(unittest.TestCase):
@@ -181,110 +197,65 @@ class JsonSchemaTest(unittest.TestCase):
                 self.assertEqual(self.errors(table, document), [])
                 self.assertFalse(self.library_refuses(table, document))
 
+    def mutated(self, table, which, new_value):
+        """A copy of the table's full export with the first field `which`
+        picks set to new_value(old value, field schema); None if no field
+        of the table qualifies."""
+        document = copy.deepcopy(self.full[table])
+        found = first_field(self.schemas[table], document, which)
+        if not found:
+            return None
+        container, key, field = found
+        container[key] = new_value(container[key], field)
+        return document
+
     def test_broken_files_are_refused(self):
-        # (what, mutation, whether the library refuses it too); a mutation
-        # returns False where the table has no such field.
-        def unknown_top_key(doc, schema):
-            doc["no_such_field"] = 1
-
-        def unknown_nested_key(doc, schema):
-            found = first_field(schema, doc,
-                                lambda v, f: isinstance(v, dict))
-            found[0][found[1]]["no_such_field"] = 1
-
-        def string_for_integer(doc, schema):
-            found = first_field(schema, doc, lambda v, f: isinstance(v, int)
-                                and f.get("type") == "integer")
-            found[0][found[1]] = "twelve"
-
-        def numeric_string_for_integer(doc, schema):
-            found = first_field(schema, doc,
-                                lambda v, f: isinstance(v, int)
-                                and not isinstance(v, bool))
-            found[0][found[1]] = str(found[0][found[1]])
-
-        def string_for_float(doc, schema):
-            found = first_field(schema, doc, lambda v, f: is_float(f))
-            if not found:
-                return False
-            found[0][found[1]] = "nan"
-
-        def float_beyond_range(doc, schema):
-            found = first_field(schema, doc, lambda v, f: is_float(f))
-            if not found:
-                return False
-            found[0][found[1]] = 3.5e38
-
-        def list_over_capacity(doc, schema):
-            found = first_field(schema, doc, lambda v, f: "maxItems" in f
-                                and len(v) == f["maxItems"])
-            found[0][found[1]].append(copy.deepcopy(found[0][found[1]][-1]))
-
-        def int32_out_of_range(doc, schema):
-            found = first_field(schema, doc, lambda v, f: isinstance(v, int)
-                                and f.get("maximum") == 2**31 - 1)
-            found[0][found[1]] = 2**31
-
-        def narrow_out_of_range(doc, schema):
-            found = first_field(schema, doc, lambda v, f: isinstance(v, int)
-                                and f.get("type") == "integer"
-                                and f.get("maximum", 2**31) < 2**31 - 1)
-            if not found:
-                return False
-            found[0][found[1]] = found[2]["maximum"] + 1
-
-        def wrong_enum_name(doc, schema):
-            found = first_field(schema, doc, lambda v, f: is_enum(f))
-            if not found:
-                return False
-            found[0][found[1]] = "kQAWBFrameSummaryTypeSunset"
-
-        def enum_name_in_other_case(doc, schema):
-            found = first_field(schema, doc, lambda v, f: is_enum(f))
-            if not found:
-                return False
-            found[0][found[1]] = found[0][found[1]].lower()
-
+        # (what, which field, its new value, whether the library refuses
+        # it too)
         cases = [
-            (unknown_top_key, True), (unknown_nested_key, True),
-            (string_for_integer, True), (numeric_string_for_integer, False),
-            (string_for_float, True), (float_beyond_range, True),
-            (list_over_capacity, False), (int32_out_of_range, True),
-            (narrow_out_of_range, False), (wrong_enum_name, True),
-            (enum_name_in_other_case, True),
+            ("unknown nested key", lambda v, f: isinstance(v, dict),
+             lambda old, f: {**old, "no_such_field": 1}, True),
+            ("string for an integer", INTEGER, lambda old, f: "twelve", True),
+            ("integer as a string", INTEGER, lambda old, f: str(old), False),
+            ("string for a float", FLOAT, lambda old, f: "nan", True),
+            ("float beyond the range", FLOAT, lambda old, f: 3.5e38, True),
+            ("list over capacity", FULL_LIST, lambda old, f: old + old[-1:],
+             False),
+            ("int32 out of range", INT32, lambda old, f: 2**31, True),
+            ("narrow integer out of range", NARROW,
+             lambda old, f: f["maximum"] + 1, False),
+            ("wrong enum name", ENUM,
+             lambda old, f: "kQAWBFrameSummaryTypeSunset", True),
+            ("enum name in other case", ENUM, lambda old, f: old.lower(),
+             True),
         ]
         exercised = set()
-        for mutation, library_too in cases:
-            for table in TABLES:
-                document = copy.deepcopy(self.full[table])
-                if mutation(document, self.schemas[table]) is False:
+        for table in TABLES:
+            document = copy.deepcopy(self.full[table])
+            document["no_such_field"] = 1
+            with self.subTest(mutation="unknown key", table=table):
+                self.assert_refused(table, document, library_too=True)
+            for what, which, new_value, library_too in cases:
+                document = self.mutated(table, which, new_value)
+                if document is None:
                     continue
-                exercised.add(mutation.__name__)
-                with self.subTest(mutation=mutation.__name__, table=table):
+                exercised.add(what)
+                with self.subTest(mutation=what, table=table):
                     self.assert_refused(table, document, library_too)
-        self.assertEqual(exercised, {m.__name__ for m, _ in cases})
+        self.assertEqual(exercised, {case[0] for case in cases})
 
     def test_values_protobuf_accepts_pass(self):
         # Non-finite floats as protobuf spells them, the largest float as
         # printed, and enum values by number.
+        cases = [(FLOAT, value) for value in (
+            "NaN", "Infinity", "-Infinity", 3.4028235e38, -3.4028235e38)]
+        cases.append((ENUM, 3))
         for table in TABLES:
-            schema = self.schemas[table]
-            for value in ("NaN", "Infinity", "-Infinity", 3.4028235e38,
-                          -3.4028235e38):
-                document = copy.deepcopy(self.full[table])
-                found = first_field(schema, document,
-                                    lambda v, f: is_float(f))
-                if not found:
+            for which, value in cases:
+                document = self.mutated(table, which, lambda old, f: value)
+                if document is None:
                     continue
-                found[0][found[1]] = value
                 with self.subTest(table=table, value=value):
-                    self.assertEqual(self.errors(table, document), [])
-                    self.assertFalse(self.library_refuses(table, document))
-            document = copy.deepcopy(self.full[table])
-            found = first_field(schema, document, lambda v, f: is_enum(f))
-            if found:
-                found[0][found[1]] = 3
-                with self.subTest(table=table, value="enum number"):
                     self.assertEqual(self.errors(table, document), [])
                     self.assertFalse(self.library_refuses(table, document))
 
