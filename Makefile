@@ -117,7 +117,7 @@ package: deps
 # built against them and the tool run from /usr; then removed again.
 PACKAGES = libq3a-tuning1 libq3a-tuning-dev q3a-tuning
 package-check: package
-	@apt-get install -y -qq ./$(PACKAGE_DIR)/*.deb >/dev/null
+	@apt-get install -y -qq $(foreach p,$(PACKAGES),./$(PACKAGE_DIR)/$(p)_*.deb) >/dev/null
 	@status=0; \
 	examples/consumer/check /usr $(CONSUMER_FILE) $(BUILD_DIR)/consumer-deb && \
 	/usr/bin/q3a-tuning --version && \
