@@ -24,6 +24,7 @@ bool ReportUnknownSubcommand(const CLI::App& app, int argc, char** argv) {
   std::vector<std::string> names;
   for (const CLI::App* command : app.get_subcommands({})) {
     if (command->get_name() == word) return false;
+    if (command->get_group().empty()) continue;  // hidden
     names.push_back(command->get_name());
   }
   fmt::print(stderr,
