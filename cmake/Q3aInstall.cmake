@@ -2,7 +2,8 @@
 # public headers at the paths the sources use, the schema, the tool, a CMake
 # package (q3a_tuning::q3a_tuning) and a pkg-config module. Components:
 # runtime (the library), development (everything to build against it) and
-# tool (q3a-tuning); the Debian packages follow them.
+# tool (q3a-tuning, with its manual page and completion, Q3aToolDocs); the
+# Debian packages (debian/) follow them.
 include(CMakePackageConfigHelpers)
 
 # The public headers: the exported declarations and what they include.
@@ -42,18 +43,23 @@ target_sources(q3a_tuning PUBLIC
 target_compile_features(q3a_tuning PUBLIC cxx_std_20)
 
 # The Android logging libraries live outside the loader's search path
-# (lib/<multiarch>/android), so the library and the tool carry it; the tool
-# also finds the library beside its own prefix.
+# (lib/<multiarch>/android), so the library and the tool carry it. The tool
+# also finds the library beside its own prefix, unless that is /usr, where
+# the loader finds it anyway (the Debian packages).
 get_filename_component(q3a_android_libdir ${AndroidLogging_LOG_LIBRARY}
                        DIRECTORY)
 set_target_properties(q3a_tuning PROPERTIES
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR}
   INSTALL_RPATH ${q3a_android_libdir})
-file(RELATIVE_PATH q3a_bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR}
-     ${CMAKE_INSTALL_FULL_LIBDIR})
-set_target_properties(q3a-tuning PROPERTIES
-  INSTALL_RPATH "$ORIGIN/${q3a_bin_to_lib};${q3a_android_libdir}")
+if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+  set(q3a_tool_rpath ${q3a_android_libdir})
+else()
+  file(RELATIVE_PATH q3a_bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR}
+       ${CMAKE_INSTALL_FULL_LIBDIR})
+  set(q3a_tool_rpath "$ORIGIN/${q3a_bin_to_lib};${q3a_android_libdir}")
+endif()
+set_target_properties(q3a-tuning PROPERTIES INSTALL_RPATH "${q3a_tool_rpath}")
 
 install(TARGETS q3a_tuning EXPORT q3a_tuning_targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}

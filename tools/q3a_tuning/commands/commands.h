@@ -30,6 +30,8 @@ void AddDiffCommand(CLI::App& app, int& exit_code);
 void AddLoadCommand(CLI::App& app, int& exit_code);
 void AddPlotCommand(CLI::App& app, int& exit_code);
 void AddReportCommand(CLI::App& app, int& exit_code);
+void AddSchemaCommand(CLI::App& app, int& exit_code);
+void AddCompletionCommand(CLI::App& app, int& exit_code);
 
 // Writes the four tables of `tuning` into `directory` (export and dump) and
 // reports each file: written or already holding its table on stdout,

@@ -3,6 +3,7 @@
 // writers (or in the compact form).
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,6 +13,9 @@
 #include "tools/q3a_tuning/commands/diagnostic_sink.h"
 #include "tools/q3a_tuning/commands/table_files_output.h"
 #include "tools/q3a_tuning/commands/table_sources.h"
+#include "tools/q3a_tuning/io/json_schema.h"
+#include "tools/q3a_tuning/io/output_file.h"
+#include "tools/q3a_tuning/io/table_id.h"
 #include "tools/q3a_tuning/io/table_file.h"
 
 namespace q3a_tool {
@@ -22,7 +26,23 @@ struct ExportOptions {
   std::string key;
   bool defaults = false;
   TableFilesOutput output;
+  bool schemas = false;
 };
+
+// Each table's JSON Schema beside its file; prints each one written.
+int WriteSchemaFiles(const std::string& directory) {
+  int exit_code = kExitOk;
+  for (qawb::TableId id : kAllTableIds) {
+    const std::string path = directory + "/" + SchemaFileName(id);
+    if (auto error =
+            WriteOutputFile(path, TableJsonSchema(id), {.text = true})) {
+      exit_code = ReportError(*error);
+      continue;
+    }
+    fmt::print("{}\n", path);
+  }
+  return exit_code;
+}
 
 int RunExport(const ExportOptions& options) {
   if (options.node != "awb") {
@@ -34,6 +54,11 @@ int RunExport(const ExportOptions& options) {
   }
   const Result<TableFileOptions> write = TableFilesOptions(options.output);
   if (!write.ok()) return ReportError(write.error());
+  if (options.schemas && write->format != FileFormat::kJson) {
+    return ReportError(
+        {"--schemas: schemas describe JSON files; drop --format binary",
+         kExitUsage});
+  }
   std::unique_ptr<qawb::MutableQAWBTuning> defaults;
   const qawb::QAWBTuning* tuning = nullptr;
   if (options.defaults) {
@@ -44,7 +69,10 @@ int RunExport(const ExportOptions& options) {
     if (!container.ok()) return ReportError(container.error());
     tuning = *container;
   }
-  return ExportTableFiles(*tuning, options.output.directory, *write);
+  const int exit_code =
+      ExportTableFiles(*tuning, options.output.directory, *write);
+  if (!options.schemas || exit_code == kExitUsage) return exit_code;
+  return std::max(exit_code, WriteSchemaFiles(options.output.directory));
 }
 
 }  // namespace
@@ -88,6 +116,9 @@ void AddExportCommand(CLI::App& app, int& exit_code) {
     }
   });
   AddTableFilesOutput(*command, options->output);
+  command->add_flag("--schemas", options->schemas,
+                    "Also write each table's JSON Schema beside its file, "
+                    "as basic.schema.json and so on (JSON only)");
 }
 
 }  // namespace q3a_tool

@@ -13,7 +13,8 @@
 
 namespace {
 
-constexpr char kVersion[] = "1.0.0";
+// The project version, given by the build.
+constexpr char kVersion[] = Q3A_VERSION;
 
 // CLI11 reads an unknown first word as a stray argument and asks for a
 // subcommand; name it instead, with the list.
@@ -23,6 +24,7 @@ bool ReportUnknownSubcommand(const CLI::App& app, int argc, char** argv) {
   std::vector<std::string> names;
   for (const CLI::App* command : app.get_subcommands({})) {
     if (command->get_name() == word) return false;
+    if (command->get_group().empty()) continue;  // hidden
     names.push_back(command->get_name());
   }
   fmt::print(stderr,
@@ -57,6 +59,8 @@ int main(int argc, char** argv) {
   q3a_tool::AddLoadCommand(app, exit_code);
   q3a_tool::AddPlotCommand(app, exit_code);
   q3a_tool::AddReportCommand(app, exit_code);
+  q3a_tool::AddSchemaCommand(app, exit_code);
+  q3a_tool::AddCompletionCommand(app, exit_code);
   if (ReportUnknownSubcommand(app, argc, argv)) return q3a_tool::kExitUsage;
   try {
     app.parse(argc, argv);

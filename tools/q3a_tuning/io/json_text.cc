@@ -90,4 +90,16 @@ JsonText& JsonText::Number(long long value) {
   return *this;
 }
 
+JsonText& JsonText::Real(double value) {
+  BeforeValue();
+  text_ += fmt::format("{}", value);
+  return *this;
+}
+
+JsonText& JsonText::Bool(bool value) {
+  BeforeValue();
+  text_ += value ? "true" : "false";
+  return *this;
+}
+
 }  // namespace q3a_tool

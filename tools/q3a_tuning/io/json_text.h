@@ -20,6 +20,9 @@ class JsonText {
   JsonText& Key(std::string_view key);
   JsonText& String(std::string_view value);
   JsonText& Number(long long value);
+  // The shortest text that reads back as `value`; finite values only.
+  JsonText& Real(double value);
+  JsonText& Bool(bool value);
 
   const std::string& Text() const { return text_; }
 
