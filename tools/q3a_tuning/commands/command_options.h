@@ -7,19 +7,23 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace q3a_tool {
 
-// Registers the subcommand `name` with `help`, its help ending with
-// `example` (a command line). When it runs, `run` gets `options` as its
-// flags filled them, and its result becomes the tool's exit code.
+namespace internal {
+// Adds the subcommand `name` with its help from subcommands.md.
+CLI::App* AddHelpedSubcommand(CLI::App& app, std::string_view name);
+}  // namespace internal
+
+// Registers the subcommand `name`, its help (ending with an example) read
+// from subcommands.md. When it runs, `run` gets `options` as its flags
+// filled them, and its result becomes the tool's exit code.
 template <typename Options>
-CLI::App* AddSubcommand(CLI::App& app, int& exit_code, std::string name,
-                        std::string help, const std::string& example,
+CLI::App* AddSubcommand(CLI::App& app, int& exit_code, std::string_view name,
                         std::shared_ptr<Options> options,
                         int (*run)(const Options&)) {
-  CLI::App* command = app.add_subcommand(std::move(name), std::move(help));
-  command->footer("Example:\n  " + example);
+  CLI::App* command = internal::AddHelpedSubcommand(app, name);
   command->callback(
       [&exit_code, options, run] { exit_code = run(*options); });
   return command;

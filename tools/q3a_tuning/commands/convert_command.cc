@@ -76,13 +76,8 @@ int RunConvert(const ConvertOptions& options) {
 
 void AddConvertCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<ConvertOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "convert",
-      "Convert a tuning file between JSON and binary protobuf. The table "
-      "passes through its record: entries beyond capacity are dropped "
-      "(with a warning) and every list comes out at full capacity unless "
-      "--compact. The output must not be the input.",
-      "q3a-tuning convert feature.json feature.pb", options, RunConvert);
+  CLI::App* command =
+      AddSubcommand(app, exit_code, "convert", options, RunConvert);
   command->add_option("input", options->input, "Tuning file to read")
       ->required();
   command->add_option("output", options->output,

@@ -37,12 +37,7 @@ int RunDump(const DumpOptions& options) {
 
 void AddDumpCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<DumpOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "dump",
-      "Split a tuning binary file into four tuning files (basic, advance, "
-      "color, feature) in a directory. A file there that holds anything "
-      "else (an edit) is left as it was, and named, unless --force.",
-      "q3a-tuning dump tuning.bin -o tables", options, RunDump);
+  CLI::App* command = AddSubcommand(app, exit_code, "dump", options, RunDump);
   command->add_option("input", options->input, "Tuning binary file")
       ->required();
   AddTableFilesOutput(*command, options->output);

@@ -46,13 +46,7 @@ int RunGet(const GetOptions& options) {
 
 void AddGetCommand(CLI::App& app, int& exit_code) {
   auto options = std::make_shared<GetOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "get",
-      "Print the value or sub-table at PATH as JSON, as the library reads "
-      "the table. The table is a tuning file, awb:KEY:TABLE or "
-      "defaults:TABLE.",
-      "q3a-tuning get feature.json face_tuning_table.max_face_count",
-      options, RunGet);
+  CLI::App* command = AddSubcommand(app, exit_code, "get", options, RunGet);
   command->add_option("table_operand", options->input, "The table")
       ->required();
   command->add_option("path", options->path,
