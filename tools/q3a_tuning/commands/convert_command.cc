@@ -75,14 +75,11 @@ int RunConvert(const ConvertOptions& options) {
 }  // namespace
 
 void AddConvertCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<ConvertOptions>();
-  CLI::App* command =
-      AddSubcommand(app, exit_code, "convert", options, RunConvert);
-  command->add_option("input", options->input, "Tuning file to read")
-      ->required();
-  command->add_option("output", options->output,
-                      "Tuning file to write; - for stdout (JSON only)")
-      ->required();
+  auto [command, options] =
+      AddSubcommand(app, exit_code, "convert", RunConvert);
+  AddOperand(*command, "input", options->input, "Tuning file to read");
+  AddOperand(*command, "output", options->output,
+             "Tuning file to write; - for stdout (JSON only)");
   AddTableOption(*command, options->table);
   AddFromOption(*command, options->from);
   command->add_option("--to", options->to,

@@ -142,10 +142,9 @@ int RunDiff(const DiffOptions& options) {
 }  // namespace
 
 void AddDiffCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<DiffOptions>();
-  CLI::App* command = AddSubcommand(app, exit_code, "diff", options, RunDiff);
-  command->add_option("old", options->a, "The first table")->required();
-  command->add_option("new", options->b, "The second table")->required();
+  auto [command, options] = AddSubcommand(app, exit_code, "diff", RunDiff);
+  AddOperand(*command, "old", options->a, "The first table");
+  AddOperand(*command, "new", options->b, "The second table");
   AddTableOption(*command, options->table);
   command
       ->add_option("--tolerance", options->tolerance,

@@ -36,10 +36,8 @@ int RunDump(const DumpOptions& options) {
 }  // namespace
 
 void AddDumpCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<DumpOptions>();
-  CLI::App* command = AddSubcommand(app, exit_code, "dump", options, RunDump);
-  command->add_option("input", options->input, "Tuning binary file")
-      ->required();
+  auto [command, options] = AddSubcommand(app, exit_code, "dump", RunDump);
+  AddOperand(*command, "input", options->input, "Tuning binary file");
   AddTableFilesOutput(*command, options->output);
 }
 

@@ -65,9 +65,7 @@ int ExportTableFiles(const qawb::QAWBTuning& tuning,
 }
 
 void AddExportCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<ExportOptions>();
-  CLI::App* command =
-      AddSubcommand(app, exit_code, "export", options, RunExport);
+  auto [command, options] = AddSubcommand(app, exit_code, "export", RunExport);
   command->add_option("--node", options->node, "Node type (only awb)")
       ->capture_default_str();
   auto* key = AddKeyOption(*command, options->key, "the tables to export");

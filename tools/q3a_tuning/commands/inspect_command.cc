@@ -43,11 +43,9 @@ int RunInspect(const InspectOptions& options) {
 }  // namespace
 
 void AddInspectCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<InspectOptions>();
-  CLI::App* command =
-      AddSubcommand(app, exit_code, "inspect", options, RunInspect);
-  command->add_option("input", options->input, "Tuning binary file")
-      ->required();
+  auto [command, options] =
+      AddSubcommand(app, exit_code, "inspect", RunInspect);
+  AddOperand(*command, "input", options->input, "Tuning binary file");
 }
 
 }  // namespace q3a_tool

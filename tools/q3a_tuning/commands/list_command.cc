@@ -129,8 +129,7 @@ int RunList(const ListOptions& options) {
 }  // namespace
 
 void AddListCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<ListOptions>();
-  CLI::App* command = AddSubcommand(app, exit_code, "list", options, RunList);
+  auto [command, options] = AddSubcommand(app, exit_code, "list", RunList);
   command->add_flag("--json", options->json, "Machine-readable output");
 }
 

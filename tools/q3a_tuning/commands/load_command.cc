@@ -170,8 +170,7 @@ int RunLoad(const LoadOptions& options) {
 }  // namespace
 
 void AddLoadCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<LoadOptions>();
-  CLI::App* command = AddSubcommand(app, exit_code, "load", options, RunLoad);
+  auto [command, options] = AddSubcommand(app, exit_code, "load", RunLoad);
   command->add_option("files", options->assignments,
                       std::string("TABLE=PATH, TABLE one of ") + TableNames());
   AddKeyOption(*command, options->key, "the container to fall back to")

@@ -111,10 +111,8 @@ int RunPlot(const PlotOptions& options) {
 }  // namespace
 
 void AddPlotCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<PlotOptions>();
-  CLI::App* command = AddSubcommand(app, exit_code, "plot", options, RunPlot);
-  command->add_option("input", options->input, "The table to draw")
-      ->required();
+  auto [command, options] = AddSubcommand(app, exit_code, "plot", RunPlot);
+  AddOperand(*command, "input", options->input, "The table to draw");
   command->add_option("--against", options->against,
                       "An older table of the same kind to overlay");
   AddTableOption(*command, options->table);

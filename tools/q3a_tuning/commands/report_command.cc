@@ -180,9 +180,7 @@ int RunReport(const ReportOptions& options) {
 }  // namespace
 
 void AddReportCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<ReportOptions>();
-  CLI::App* command =
-      AddSubcommand(app, exit_code, "report", options, RunReport);
+  auto [command, options] = AddSubcommand(app, exit_code, "report", RunReport);
   AddKeyOption(*command, options->key, "the container to report on")
       ->required();
   command->add_option("--against", options->against,

@@ -83,9 +83,8 @@ int RunRestore(const RestoreOptions& options) {
 }  // namespace
 
 void AddRestoreCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<RestoreOptions>();
-  CLI::App* command =
-      AddSubcommand(app, exit_code, "restore", options, RunRestore);
+  auto [command, options] =
+      AddSubcommand(app, exit_code, "restore", RunRestore);
   for (qawb::TableId kind : kAllTableIds) {
     command->add_option_function<std::string>(
         "--" + std::string(TableName(kind)),

@@ -141,11 +141,9 @@ int RunSet(const SetOptions& options) {
 }  // namespace
 
 void AddSetCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<SetOptions>();
-  CLI::App* command = AddSubcommand(app, exit_code, "set", options, RunSet);
-  command->add_option("file", options->input, "Tuning file")->required();
-  command->add_option("assignments", options->assignments, "PATH=VALUE ...")
-      ->required();
+  auto [command, options] = AddSubcommand(app, exit_code, "set", RunSet);
+  AddOperand(*command, "file", options->input, "Tuning file");
+  AddOperand(*command, "assignments", options->assignments, "PATH=VALUE ...");
   AddOutputOption(*command, options->output,
                   "Write here instead of over the file; - for stdout");
   AddTableOption(*command, options->table);

@@ -132,11 +132,9 @@ int RunValidate(const ValidateOptions& options) {
 }  // namespace
 
 void AddValidateCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<ValidateOptions>();
-  CLI::App* command =
-      AddSubcommand(app, exit_code, "validate", options, RunValidate);
-  command->add_option("files", options->files, "Tuning files (.json, .pb)")
-      ->required();
+  auto [command, options] =
+      AddSubcommand(app, exit_code, "validate", RunValidate);
+  AddOperand(*command, "files", options->files, "Tuning files (.json, .pb)");
   AddTableOption(*command, options->table);
   AddFromOption(*command, options->format);
   AddKeyOption(*command, options->key,
