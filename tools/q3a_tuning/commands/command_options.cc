@@ -1,8 +1,17 @@
 #include "tools/q3a_tuning/commands/command_options.h"
 
+#include "tools/q3a_tuning/commands/subcommand_help.h"
 #include "tools/q3a_tuning/io/table_id.h"
 
 namespace q3a_tool {
+
+CLI::App* internal::AddHelpedSubcommand(CLI::App& app, std::string_view name) {
+  SubcommandHelp help = FindSubcommandHelp(name);
+  CLI::App* command =
+      app.add_subcommand(std::string(name), std::move(help.description));
+  command->footer("Example:\n  " + help.example);
+  return command;
+}
 
 CLI::Option* AddFromOption(CLI::App& command, std::string& from) {
   return command.add_option(

@@ -7,22 +7,42 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace q3a_tool {
 
-// Registers the subcommand `name` with `help`, its help ending with
-// `example` (a command line). When it runs, `run` gets `options` as its
-// flags filled them, and its result becomes the tool's exit code.
+namespace internal {
+// Adds the subcommand `name` with its help from subcommands.md.
+CLI::App* AddHelpedSubcommand(CLI::App& app, std::string_view name);
+}  // namespace internal
+
+// A registered subcommand and the options its flags fill.
 template <typename Options>
-CLI::App* AddSubcommand(CLI::App& app, int& exit_code, std::string name,
-                        std::string help, const std::string& example,
-                        std::shared_ptr<Options> options,
-                        int (*run)(const Options&)) {
-  CLI::App* command = app.add_subcommand(std::move(name), std::move(help));
-  command->footer("Example:\n  " + example);
+struct Subcommand {
+  CLI::App* command;
+  std::shared_ptr<Options> options;
+};
+
+// Registers the subcommand `name`, its help (ending with an example) read
+// from subcommands.md. When it runs, `run` gets the options as its flags
+// filled them, and its result becomes the tool's exit code.
+template <typename Options>
+Subcommand<Options> AddSubcommand(CLI::App& app, int& exit_code,
+                                  std::string_view name,
+                                  int (*run)(const Options&)) {
+  auto options = std::make_shared<Options>();
+  CLI::App* command = internal::AddHelpedSubcommand(app, name);
   command->callback(
       [&exit_code, options, run] { exit_code = run(*options); });
-  return command;
+  return {command, std::move(options)};
+}
+
+// A positional argument the command cannot run without.
+template <typename T>
+CLI::Option* AddOperand(CLI::App& command, std::string name, T& value,
+                        std::string help) {
+  return command.add_option(std::move(name), value, std::move(help))
+      ->required();
 }
 
 // --from FORMAT: the format of the command's input tuning files, for names

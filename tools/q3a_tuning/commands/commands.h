@@ -17,21 +17,23 @@
 
 namespace q3a_tool {
 
-void AddGetCommand(CLI::App& app, int& exit_code);
-void AddSetCommand(CLI::App& app, int& exit_code);
-void AddListCommand(CLI::App& app, int& exit_code);
-void AddExportCommand(CLI::App& app, int& exit_code);
-void AddValidateCommand(CLI::App& app, int& exit_code);
-void AddConvertCommand(CLI::App& app, int& exit_code);
-void AddDumpCommand(CLI::App& app, int& exit_code);
-void AddRestoreCommand(CLI::App& app, int& exit_code);
-void AddInspectCommand(CLI::App& app, int& exit_code);
-void AddDiffCommand(CLI::App& app, int& exit_code);
-void AddLoadCommand(CLI::App& app, int& exit_code);
-void AddPlotCommand(CLI::App& app, int& exit_code);
-void AddReportCommand(CLI::App& app, int& exit_code);
-void AddSchemaCommand(CLI::App& app, int& exit_code);
-void AddCompletionCommand(CLI::App& app, int& exit_code);
+// Registers one subcommand on `app`.
+using AddCommandFunction = void(CLI::App& app, int& exit_code);
+AddCommandFunction AddGetCommand, AddSetCommand, AddListCommand,
+    AddExportCommand, AddValidateCommand, AddConvertCommand, AddDumpCommand,
+    AddRestoreCommand, AddInspectCommand, AddDiffCommand, AddLoadCommand,
+    AddPlotCommand, AddReportCommand, AddSchemaCommand;
+
+// `completion bash`, hidden from the help: the completion script made from
+// the subcommands registered on `app` before it.
+AddCommandFunction AddCompletionCommand;
+
+// Every subcommand, in the order --help lists them.
+inline constexpr AddCommandFunction* kAddCommands[] = {
+    AddListCommand,    AddExportCommand,  AddValidateCommand, AddGetCommand,
+    AddSetCommand,     AddConvertCommand, AddDumpCommand,     AddRestoreCommand,
+    AddInspectCommand, AddDiffCommand,    AddLoadCommand,     AddPlotCommand,
+    AddReportCommand,  AddSchemaCommand};
 
 // Writes the four tables of `tuning` into `directory` (export and dump) and
 // reports each file: written or already holding its table on stdout,

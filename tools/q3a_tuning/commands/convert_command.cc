@@ -75,19 +75,11 @@ int RunConvert(const ConvertOptions& options) {
 }  // namespace
 
 void AddConvertCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<ConvertOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "convert",
-      "Convert a tuning file between JSON and binary protobuf. The table "
-      "passes through its record: entries beyond capacity are dropped "
-      "(with a warning) and every list comes out at full capacity unless "
-      "--compact. The output must not be the input.",
-      "q3a-tuning convert feature.json feature.pb", options, RunConvert);
-  command->add_option("input", options->input, "Tuning file to read")
-      ->required();
-  command->add_option("output", options->output,
-                      "Tuning file to write; - for stdout (JSON only)")
-      ->required();
+  auto [command, options] =
+      AddSubcommand(app, exit_code, "convert", RunConvert);
+  AddOperand(*command, "input", options->input, "Tuning file to read");
+  AddOperand(*command, "output", options->output,
+             "Tuning file to write; - for stdout (JSON only)");
   AddTableOption(*command, options->table);
   AddFromOption(*command, options->from);
   command->add_option("--to", options->to,

@@ -142,18 +142,9 @@ int RunDiff(const DiffOptions& options) {
 }  // namespace
 
 void AddDiffCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<DiffOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "diff",
-      "Compare two tables field by field and print `path: old -> new`. An "
-      "operand is a tuning file (.json, .pb), awb:KEY:TABLE for a registered "
-      "container's table (awb:0,-1,1,0,-1:feature) or defaults:TABLE. Files "
-      "are read over zeroed tables, as the override loader reads them. Exit "
-      "0 the same, 1 different, 2 trouble.",
-      "q3a-tuning diff awb:0,-1,1,0,-1:feature feature.json", options,
-      RunDiff);
-  command->add_option("old", options->a, "The first table")->required();
-  command->add_option("new", options->b, "The second table")->required();
+  auto [command, options] = AddSubcommand(app, exit_code, "diff", RunDiff);
+  AddOperand(*command, "old", options->a, "The first table");
+  AddOperand(*command, "new", options->b, "The second table");
   AddTableOption(*command, options->table);
   command
       ->add_option("--tolerance", options->tolerance,

@@ -36,15 +36,8 @@ int RunDump(const DumpOptions& options) {
 }  // namespace
 
 void AddDumpCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<DumpOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "dump",
-      "Split a tuning binary file into four tuning files (basic, advance, "
-      "color, feature) in a directory. A file there that holds anything "
-      "else (an edit) is left as it was, and named, unless --force.",
-      "q3a-tuning dump tuning.bin -o tables", options, RunDump);
-  command->add_option("input", options->input, "Tuning binary file")
-      ->required();
+  auto [command, options] = AddSubcommand(app, exit_code, "dump", RunDump);
+  AddOperand(*command, "input", options->input, "Tuning binary file");
   AddTableFilesOutput(*command, options->output);
 }
 

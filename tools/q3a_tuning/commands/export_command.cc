@@ -93,15 +93,7 @@ int ExportTableFiles(const qawb::QAWBTuning& tuning,
 }
 
 void AddExportCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<ExportOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "export",
-      "Write the four AWB tables of a registered container (or the mutable "
-      "container's defaults) as tuning files basic, advance, color and "
-      "feature in a directory (created if needed); prints the files that "
-      "hold them. A file there that holds anything else (an edit) is "
-      "left as it was, and named, unless --force.",
-      "q3a-tuning export --key 0,-1,1,0,-1 -o tables", options, RunExport);
+  auto [command, options] = AddSubcommand(app, exit_code, "export", RunExport);
   command->add_option("--node", options->node, "Node type (only awb)")
       ->capture_default_str();
   auto* key = AddKeyOption(*command, options->key, "the tables to export");

@@ -45,20 +45,11 @@ int RunGet(const GetOptions& options) {
 }  // namespace
 
 void AddGetCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<GetOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "get",
-      "Print the value or sub-table at PATH as JSON, as the library reads "
-      "the table. The table is a tuning file, awb:KEY:TABLE or "
-      "defaults:TABLE.",
-      "q3a-tuning get feature.json face_tuning_table.max_face_count",
-      options, RunGet);
-  command->add_option("table_operand", options->input, "The table")
-      ->required();
-  command->add_option("path", options->path,
-                      "e.g. face_tuning_table.max_face_count or "
-                      "illuminant_weight_table.cct_list[3]")
-      ->required();
+  auto [command, options] = AddSubcommand(app, exit_code, "get", RunGet);
+  AddOperand(*command, "table_operand", options->input, "The table");
+  AddOperand(*command, "path", options->path,
+             "e.g. face_tuning_table.max_face_count or "
+             "illuminant_weight_table.cct_list[3]");
   AddTableOption(*command, options->table);
   AddFromOption(*command, options->from);
 }

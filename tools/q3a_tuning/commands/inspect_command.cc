@@ -43,15 +43,9 @@ int RunInspect(const InspectOptions& options) {
 }  // namespace
 
 void AddInspectCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<InspectOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "inspect",
-      "Show a tuning binary file's size and its four tables' offsets and "
-      "version heads. Exit 1 if the size is wrong or the tables hold what "
-      "no table holds (versions, counts, frame-summary kinds, flags).",
-      "q3a-tuning inspect tuning.bin", options, RunInspect);
-  command->add_option("input", options->input, "Tuning binary file")
-      ->required();
+  auto [command, options] =
+      AddSubcommand(app, exit_code, "inspect", RunInspect);
+  AddOperand(*command, "input", options->input, "Tuning binary file");
 }
 
 }  // namespace q3a_tool

@@ -129,13 +129,7 @@ int RunList(const ListOptions& options) {
 }  // namespace
 
 void AddListCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<ListOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "list",
-      "Show every registration: node type, key (use_case,sensor_mode,"
-      "camera_position,lens_type,reserved), object and, for AWB containers, "
-      "the four tables with their versions and sharing.",
-      "q3a-tuning list --json", options, RunList);
+  auto [command, options] = AddSubcommand(app, exit_code, "list", RunList);
   command->add_flag("--json", options->json, "Machine-readable output");
 }
 

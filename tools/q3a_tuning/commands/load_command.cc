@@ -170,14 +170,7 @@ int RunLoad(const LoadOptions& options) {
 }  // namespace
 
 void AddLoadCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<LoadOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "load",
-      "Run the override loader with JSON tuning files over a registered AWB "
-      "container; print its DEBUG lines and where each table came from. "
-      "A file the loader did not take gets a warning on stderr and exit 1.",
-      "q3a-tuning load feature=feature.json --key 0,-1,1,0,-1 -o tuning.bin",
-      options, RunLoad);
+  auto [command, options] = AddSubcommand(app, exit_code, "load", RunLoad);
   command->add_option("files", options->assignments,
                       std::string("TABLE=PATH, TABLE one of ") + TableNames());
   AddKeyOption(*command, options->key, "the container to fall back to")

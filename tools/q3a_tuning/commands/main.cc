@@ -46,20 +46,7 @@ int main(int argc, char** argv) {
       "usage error or an input that cannot be read.\n"
       "Example:\n  q3a-tuning validate feature.json --key 0,-1,1,0,-1");
   int exit_code = q3a_tool::kExitOk;
-  q3a_tool::AddListCommand(app, exit_code);
-  q3a_tool::AddExportCommand(app, exit_code);
-  q3a_tool::AddValidateCommand(app, exit_code);
-  q3a_tool::AddGetCommand(app, exit_code);
-  q3a_tool::AddSetCommand(app, exit_code);
-  q3a_tool::AddConvertCommand(app, exit_code);
-  q3a_tool::AddDumpCommand(app, exit_code);
-  q3a_tool::AddRestoreCommand(app, exit_code);
-  q3a_tool::AddInspectCommand(app, exit_code);
-  q3a_tool::AddDiffCommand(app, exit_code);
-  q3a_tool::AddLoadCommand(app, exit_code);
-  q3a_tool::AddPlotCommand(app, exit_code);
-  q3a_tool::AddReportCommand(app, exit_code);
-  q3a_tool::AddSchemaCommand(app, exit_code);
+  for (auto* add_command : q3a_tool::kAddCommands) add_command(app, exit_code);
   q3a_tool::AddCompletionCommand(app, exit_code);
   if (ReportUnknownSubcommand(app, argc, argv)) return q3a_tool::kExitUsage;
   try {

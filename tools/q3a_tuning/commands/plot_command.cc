@@ -111,23 +111,8 @@ int RunPlot(const PlotOptions& options) {
 }  // namespace
 
 void AddPlotCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<PlotOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "plot",
-      "Draw a table as SVG. basic: white points, golden modules and "
-      "white-point regions in the R/G-B/G plane, illuminant weights over BV "
-      "and CCT; color: the colour-correction matrices over CCT and BV; "
-      "advance: outdoor, blue, green and special-colour regions, preference "
-      "points; feature: face-size and low-light weights. The input is a "
-      "tuning file, awb:KEY:TABLE or defaults:TABLE. With --against OLD both "
-      "are drawn, OLD hollow and dashed, and changed heat-map cells "
-      "outlined. Non-finite values are reported on stderr, left out, and "
-      "make the exit status 1.",
-      "q3a-tuning plot edited/feature.json --against "
-      "awb:0,-1,1,0,-1:feature -o feature.svg",
-      options, RunPlot);
-  command->add_option("input", options->input, "The table to draw")
-      ->required();
+  auto [command, options] = AddSubcommand(app, exit_code, "plot", RunPlot);
+  AddOperand(*command, "input", options->input, "The table to draw");
   command->add_option("--against", options->against,
                       "An older table of the same kind to overlay");
   AddTableOption(*command, options->table);

@@ -180,18 +180,7 @@ int RunReport(const ReportOptions& options) {
 }  // namespace
 
 void AddReportCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<ReportOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "report",
-      "Write one self-contained HTML page about a registered AWB container: "
-      "its registration and table versions, the findings of validation, "
-      "and every table's pictures. Each --against tuning file is compared "
-      "with the container's table of its kind: its differences field by "
-      "field and the two tables overlaid in the pictures. Open the page in "
-      "a browser; it prints to PDF.",
-      "q3a-tuning report --key 0,-1,1,0,-1 --against edited/feature.json -o "
-      "report.html",
-      options, RunReport);
+  auto [command, options] = AddSubcommand(app, exit_code, "report", RunReport);
   AddKeyOption(*command, options->key, "the container to report on")
       ->required();
   command->add_option("--against", options->against,

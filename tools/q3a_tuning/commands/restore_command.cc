@@ -83,15 +83,8 @@ int RunRestore(const RestoreOptions& options) {
 }  // namespace
 
 void AddRestoreCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<RestoreOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "restore",
-      "Build a tuning binary file from tuning files. Tables without a file "
-      "come from --base, --key or the default tables; each file is read over "
-      "a zeroed table, as the override loader does.",
-      "q3a-tuning restore --key 0,-1,1,0,-1 --feature feature.json -o "
-      "tuning.bin",
-      options, RunRestore);
+  auto [command, options] =
+      AddSubcommand(app, exit_code, "restore", RunRestore);
   for (qawb::TableId kind : kAllTableIds) {
     command->add_option_function<std::string>(
         "--" + std::string(TableName(kind)),

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "tools/q3a_tuning/commands/command_options.h"
 #include "tools/q3a_tuning/commands/commands.h"
 #include "tools/q3a_tuning/io/json_schema.h"
 #include "tools/q3a_tuning/io/output_file.h"
@@ -35,22 +36,11 @@ int RunSchema(const SchemaOptions& options) {
 }  // namespace
 
 void AddSchemaCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<SchemaOptions>();
-  auto* command = app.add_subcommand(
-      "schema",
-      "Print the JSON Schema (draft 2020-12) of a table's JSON tuning "
-      "files, for editors that check JSON as it is typed: field names in "
-      "both spellings, types, integer ranges, list capacities, enum names. "
-      "validate still decides: counts against their lists and duplicate "
-      "keys are beyond a schema.");
-  command->add_option("table", options->table, TableNames())->required();
+  auto [command, options] = AddSubcommand(app, exit_code, "schema", RunSchema);
+  AddOperand(*command, "table", options->table, TableNames());
   command->add_option("-o,--output", options->output,
                       "File to write; - for stdout")
       ->capture_default_str();
-  command->footer(
-      "Example:\n  q3a-tuning schema feature -o feature.schema.json");
-  command->callback(
-      [&exit_code, options] { exit_code = RunSchema(*options); });
 }
 
 }  // namespace q3a_tool

@@ -141,22 +141,9 @@ int RunSet(const SetOptions& options) {
 }  // namespace
 
 void AddSetCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<SetOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "set",
-      "Change values of a JSON or binary tuning file through the schema "
-      "(type, range of the record's field and list capacity checked) and "
-      "write it back in place, atomically, or to -o (- for stdout). The "
-      "file is written as the library's writer prints it (full form) "
-      "unless --compact. Prints each change as `path: old -> new`. An "
-      "in-place edit waits for another one on the same file and never "
-      "replaces a file changed since it was read.",
-      "q3a-tuning set feature.json face_tuning_table.max_face_count=6 "
-      "version.minor=4",
-      options, RunSet);
-  command->add_option("file", options->input, "Tuning file")->required();
-  command->add_option("assignments", options->assignments, "PATH=VALUE ...")
-      ->required();
+  auto [command, options] = AddSubcommand(app, exit_code, "set", RunSet);
+  AddOperand(*command, "file", options->input, "Tuning file");
+  AddOperand(*command, "assignments", options->assignments, "PATH=VALUE ...");
   AddOutputOption(*command, options->output,
                   "Write here instead of over the file; - for stdout");
   AddTableOption(*command, options->table);

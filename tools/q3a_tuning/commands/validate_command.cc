@@ -132,18 +132,9 @@ int RunValidate(const ValidateOptions& options) {
 }  // namespace
 
 void AddValidateCommand(CLI::App& app, int& exit_code) {
-  auto options = std::make_shared<ValidateOptions>();
-  CLI::App* command = AddSubcommand(
-      app, exit_code, "validate",
-      "Check tuning files with the library's reader, then report what it "
-      "accepts silently: duplicated keys, JSON other tools refuse, NaN, "
-      "null, missing fields and version, lists over capacity, counts that "
-      "disagree with their lists, unusable frame-summary kinds, integers too "
-      "wide for their field. Exit 0 clean, 1 findings, 2 unreadable input.",
-      "q3a-tuning validate feature.json --key 0,-1,1,0,-1", options,
-      RunValidate);
-  command->add_option("files", options->files, "Tuning files (.json, .pb)")
-      ->required();
+  auto [command, options] =
+      AddSubcommand(app, exit_code, "validate", RunValidate);
+  AddOperand(*command, "files", options->files, "Tuning files (.json, .pb)");
   AddTableOption(*command, options->table);
   AddFromOption(*command, options->format);
   AddKeyOption(*command, options->key,

@@ -20,34 +20,18 @@ void JsonText::BeforeValue() {
   Newline();
 }
 
-void JsonText::Close(char bracket) {
+JsonText& JsonText::Open(char bracket) {
+  BeforeValue();
+  text_ += bracket;
+  has_element_.push_back(false);
+  return *this;
+}
+
+JsonText& JsonText::Close(char bracket) {
   const bool had_element = has_element_.back();
   has_element_.pop_back();
   if (had_element) Newline();
   text_ += bracket;
-}
-
-JsonText& JsonText::BeginObject() {
-  BeforeValue();
-  text_ += '{';
-  has_element_.push_back(false);
-  return *this;
-}
-
-JsonText& JsonText::EndObject() {
-  Close('}');
-  return *this;
-}
-
-JsonText& JsonText::BeginArray() {
-  BeforeValue();
-  text_ += '[';
-  has_element_.push_back(false);
-  return *this;
-}
-
-JsonText& JsonText::EndArray() {
-  Close(']');
   return *this;
 }
 

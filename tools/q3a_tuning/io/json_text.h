@@ -13,10 +13,10 @@ namespace q3a_tool {
 // object, followed by one value); the writer does not check.
 class JsonText {
  public:
-  JsonText& BeginObject();
-  JsonText& EndObject();
-  JsonText& BeginArray();
-  JsonText& EndArray();
+  JsonText& BeginObject() { return Open('{'); }
+  JsonText& EndObject() { return Close('}'); }
+  JsonText& BeginArray() { return Open('['); }
+  JsonText& EndArray() { return Close(']'); }
   JsonText& Key(std::string_view key);
   JsonText& String(std::string_view value);
   JsonText& Number(long long value);
@@ -28,7 +28,8 @@ class JsonText {
 
  private:
   void BeforeValue();
-  void Close(char bracket);
+  JsonText& Open(char bracket);
+  JsonText& Close(char bracket);
   void Newline();
 
   std::string text_;
