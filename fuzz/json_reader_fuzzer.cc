@@ -34,6 +34,7 @@
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_table_traits.h"
 #include "tests/support/number_spellings.h"
+#include "tests/support/record_leaves.h"
 
 namespace {
 
@@ -439,14 +440,9 @@ const Table& Source() {
     auto* table = new Table;
     std::memset(static_cast<void*>(table), 0, sizeof(Table));
     int next = 1;
-    auto fill = [&](auto& self, auto& field) -> void {
+    q3a_test::ForEachLeaf(*table, [&](auto& field) {
       using Field = std::remove_cvref_t<decltype(field)>;
-      if constexpr (std::is_array_v<Field>) {
-        for (auto& element : field) self(self, element);
-      } else if constexpr (qawb::DescribedRecord<Field>) {
-        ForEachField(field,
-                     [&](const char*, auto& member) { self(self, member); });
-      } else if constexpr (protomsg::internal::kIsFrameSummary<Field>) {
+      if constexpr (protomsg::internal::kIsFrameSummary<Field>) {
         field = static_cast<Field>(next++ % 11 - 1);
       } else if constexpr (std::is_same_v<Field, bool>) {
         field = next++ % 2 == 1;
@@ -455,8 +451,7 @@ const Table& Source() {
       } else {
         field = static_cast<Field>(next++ * 7);
       }
-    };
-    fill(fill, *table);
+    });
     return table;
   }();
   return *source;

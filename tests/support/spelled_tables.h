@@ -21,6 +21,7 @@
 #include "protomsg/internal/json_writer.h"
 #include "protomsg/internal/message_for.h"
 #include "tests/support/number_spellings.h"
+#include "tests/support/record_leaves.h"
 #include "tests/support/record_values.h"
 
 namespace q3a_test {
@@ -86,21 +87,15 @@ inline constexpr int kIntegerMarker = 77;
 template <typename Record>
 std::unique_ptr<Record> MarkedRecord() {
   auto record = MakeRecord<Record>(1);
-  auto mark = [](auto& self, auto& field) -> void {
+  ForEachLeaf(*record, [](auto& field) {
     using Field = std::remove_cvref_t<decltype(field)>;
-    if constexpr (std::is_array_v<Field>) {
-      for (auto& element : field) self(self, element);
-    } else if constexpr (qawb::DescribedRecord<Field>) {
-      ForEachField(field,
-                   [&](const char*, auto& member) { self(self, member); });
-    } else if constexpr (std::is_same_v<Field, float>) {
+    if constexpr (std::is_same_v<Field, float>) {
       field = kFloatMarker;
     } else if constexpr (std::is_integral_v<Field> &&
                          !std::is_same_v<Field, bool>) {
       field = static_cast<Field>(kIntegerMarker);
     }
-  };
-  mark(mark, *record);
+  });
   return record;
 }
 
