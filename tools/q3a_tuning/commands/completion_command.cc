@@ -148,7 +148,8 @@ void AddCompletionCommand(CLI::App& app, int& exit_code) {
   command->add_option("shell", *shell, "bash")
       ->required()
       ->check(CLI::IsMember({"bash"}));
-  command->callback([&app, &exit_code] {
+  // The callback owns `shell`: the option writes into it at parse time.
+  command->callback([&app, &exit_code, shell] {
     fmt::print("{}", BashCompletion(app));
     exit_code = kExitOk;
   });
