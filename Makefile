@@ -7,6 +7,9 @@ CMAKE_FLAGS ?=
 # ccache (used when installed) shares hits between checkouts in other places.
 export CCACHE_BASEDIR := $(CURDIR)
 export CCACHE_NOHASHDIR := 1
+# debhelper builds packages under LC_ALL=C.UTF-8; the locale only changes the
+# language of compiler messages, so it is left out of ccache's hash.
+export CCACHE_SLOPPINESS ?= locale
 
 .PHONY: all deps configure build run test clean bench sanitize fuzz \
 	install-check package package-check test-arm64 abi-check abi-update \
@@ -104,8 +107,12 @@ install-check: build
 # objects and CI pays for the compilation once; the link keeps Debian's
 # hardening (RELRO, BIND_NOW). dpkg-buildpackage run by hand in a checkout
 # uses Debian's default flags.
+# debhelper points HOME at a scratch directory, so ccache is told where its
+# cache is.
+CCACHE_CACHE_DIR := $(shell ccache -k cache_dir 2>/dev/null)
 PACKAGE_ENV = DEB_CFLAGS_SET="-O2 -g -DNDEBUG" DEB_CXXFLAGS_SET="-O2 -g -DNDEBUG" \
-	DEB_CPPFLAGS_SET="" Q3A_WERROR=ON
+	DEB_CPPFLAGS_SET="" Q3A_WERROR=ON \
+	$(if $(CCACHE_CACHE_DIR),CCACHE_DIR=$(CCACHE_CACHE_DIR))
 # A cross build's dependencies are those of `scripts/install-deps arm64`;
 # libsimdjson-dev cannot be installed for two architectures at once (the
 # build uses the build machine's header and the target's runtime package),
