@@ -59,7 +59,11 @@ else()
        ${CMAKE_INSTALL_FULL_LIBDIR})
   set(q3a_tool_rpath "$ORIGIN/${q3a_bin_to_lib};${q3a_android_libdir}")
 endif()
-set_target_properties(q3a-tuning PROPERTIES INSTALL_RPATH "${q3a_tool_rpath}")
+if(Q3A_BUILD_TOOL)
+  set_target_properties(q3a-tuning PROPERTIES INSTALL_RPATH "${q3a_tool_rpath}")
+  install(TARGETS q3a-tuning RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    COMPONENT tool)
+endif()
 
 install(TARGETS q3a_tuning EXPORT q3a_tuning_targets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
@@ -68,8 +72,6 @@ install(TARGETS q3a_tuning EXPORT q3a_tuning_targets
     COMPONENT development
   FILE_SET generated_headers DESTINATION ${Q3A_INSTALL_INCLUDEDIR}
     COMPONENT development)
-install(TARGETS q3a-tuning RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-  COMPONENT tool)
 install(FILES ${PROJECT_SOURCE_DIR}/libs_v4/qAWB/proto/qawb_tuning.proto
   DESTINATION ${Q3A_INSTALL_DATADIR} COMPONENT development)
 

@@ -4,13 +4,19 @@
 #include "tools/q3a_tuning/io/table_edit.h"
 
 #include <gmock/gmock.h>
+#include <google/protobuf/util/json_util.h>
 #include <gtest/gtest.h>
+
+#include <bit>
+#include <cstdint>
 
 #include <set>
 #include <string>
 #include <vector>
 
+#include "protomsg/internal/json_options.h"
 #include "protomsg/tuning_table_traits.h"
+#include "tests/support/spelled_tables.h"
 #include "tools/q3a_tuning/io/edit_counts.h"
 
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
@@ -57,6 +63,47 @@ TEST(TableEdit, SetsAndGetsScalarsEnumsAndListEntries) {
   EXPECT_EQ(*GetValueJson(table, "illuminant_weight_table.cct_list"),
             "[0, 0, 7]");
   EXPECT_THAT(*GetValueJson(table, "initial_gain"), HasSubstr("\"r_gain\": 1.5"));
+}
+
+// A value given to set is read as the same text in a JSON tuning file is:
+// taken or refused alike, and the same float or integer to the bit, over
+// every family of hard number spellings.
+TEST(TableEdit, ReadsEveryNumberSpellingAsATuningFileDoes) {
+  struct Field {
+    const char* path;
+    const char* json_prefix;
+    const char* json_suffix;
+  };
+  const Field fields[] = {{"initial_gain.r_gain", R"({"initial_gain":{"r_gain":)",
+                           "}}"},
+                          {"initial_cct", R"({"initial_cct":)", "}"}};
+  for (int f = 0; f < static_cast<int>(q3a_test::NumberFamily::kCount); ++f) {
+    const auto family = static_cast<q3a_test::NumberFamily>(f);
+    for (const std::string& text : q3a_test::FamilySpellings(family, 2, 60)) {
+      if (text.front() == '"') continue;  // a JSON string, not a typed value
+      for (const Field& field : fields) {
+        SCOPED_TRACE(std::string(field.path) + " = " + text);
+        qawb::tuning::QAWBBasicTuningTable edited;
+        qawb::tuning::QAWBBasicTuningTable loaded;
+        const bool set = SetValue(edited, field.path, text).ok();
+        const bool read =
+            google::protobuf::util::JsonStringToMessage(
+                field.json_prefix + text + field.json_suffix, &loaded,
+                protomsg::internal::TuningFileParseOptions())
+                .ok();
+        EXPECT_EQ(set, read);
+        if (!set || !read) continue;
+        // A typed "-0" stays negative (a JSON file reads the integer 0).
+        const bool typed_negative_zero =
+            text == "-0" && field.path == fields[0].path;
+        const float expected =
+            typed_negative_zero ? -0.0f : loaded.initial_gain().r_gain();
+        EXPECT_EQ(std::bit_cast<std::uint32_t>(edited.initial_gain().r_gain()),
+                  std::bit_cast<std::uint32_t>(expected));
+        EXPECT_EQ(edited.initial_cct(), loaded.initial_cct());
+      }
+    }
+  }
 }
 
 struct RefusedEdit {

@@ -3,11 +3,12 @@
 #include <fmt/format.h>
 
 #include <charconv>
-#include <cmath>
+#include <cstdint>
 #include <limits>
 #include <memory>
 #include <vector>
 
+#include "protomsg/internal/json_number.h"
 #include "tools/q3a_tuning/io/field_limits.h"
 #include "tools/q3a_tuning/io/nearest_name.h"
 #include "tools/q3a_tuning/io/table_file.h"
@@ -177,15 +178,36 @@ std::string PlaceJson(const Place& place) {
   return ScalarJson(message, field, place.index);
 }
 
-template <typename T>
-std::optional<T> ParseNumber(std::string_view text) {
-  T value{};
-  const auto [end, error] =
-      std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size()) {
-    return std::nullopt;
+// A value given on the command line reads as it would in a JSON tuning file,
+// through the library's own number reader: a float as the loader narrows
+// it, an integer as a whole number (kept wide, so that the message can say
+// it does not fit). One exception: "-0", which a JSON file reads as the
+// integer 0, is kept as the negative zero the engineer typed, so that a
+// binary file holds it and a JSON file's writer says it became 0.
+std::optional<float> ParseFloat(std::string_view text) {
+  const auto number = protomsg::internal::ParseJsonNumber(text);
+  if (!number) return std::nullopt;
+  if (text == "-0") return -0.0f;
+  return protomsg::internal::JsonNumberToFloat(*number);
+}
+
+std::optional<long long> ParseInteger(std::string_view text) {
+  using Kind = protomsg::internal::JsonNumber::Kind;
+  const auto number = protomsg::internal::ParseJsonNumber(text);
+  if (!number) return std::nullopt;
+  switch (number->kind) {
+    case Kind::kUnsigned:
+      if (number->unsigned_value >
+          static_cast<std::uint64_t>(std::numeric_limits<long long>::max())) {
+        return std::nullopt;
+      }
+      return static_cast<long long>(number->unsigned_value);
+    case Kind::kSigned:
+      return number->signed_value;
+    case Kind::kDouble:
+      break;
   }
-  return value;
+  return protomsg::internal::JsonNumberToInt32(*number);
 }
 
 // Stores `text` into the scalar at `place`; the error says what the field
@@ -198,7 +220,7 @@ std::optional<std::string> StoreScalar(const Place& place,
   const bool each = place.index >= 0;
   switch (field.cpp_type()) {
     case FieldDescriptor::CPPTYPE_INT32: {
-      const auto value = ParseNumber<long long>(text);
+      const auto value = ParseInteger(text);
       if (!value) return "expected an integer";
       const FieldLimit* limit =
           FindFieldLimit(message.GetDescriptor()->name(), field.name());
@@ -218,12 +240,9 @@ std::optional<std::string> StoreScalar(const Place& place,
       return std::nullopt;
     }
     case FieldDescriptor::CPPTYPE_FLOAT: {
-      const auto value = ParseNumber<double>(text);
-      if (!value || !std::isfinite(*value) ||
-          std::fabs(*value) > std::numeric_limits<float>::max()) {
-        return "expected a finite number";
-      }
-      const auto f = static_cast<float>(*value);
+      const auto value = ParseFloat(text);
+      if (!value) return "expected a finite number";
+      const float f = *value;
       each ? r.SetRepeatedFloat(&message, &field, place.index, f)
            : r.SetFloat(&message, &field, f);
       return std::nullopt;
