@@ -147,7 +147,8 @@ void Get(benchmark::State& state) {
                                              "");
     if (!kind.ok()) state.SkipWithError("get cannot tell the table");
     auto table = q3a_tool::MakeZeroedTable<Table>();
-    if (q3a_tool::LoadTableFile(path, q3a_tool::FileFormat::kJson, *table)) {
+    if (!q3a_tool::LoadTableFile(path, q3a_tool::FileFormat::kJson, *table)
+             .ok()) {
       state.SkipWithError("get cannot load the file");
     }
     Message message;

@@ -89,6 +89,25 @@ std::string LongDecimals(std::string_view text) {
   return out;
 }
 
+// The table's JSON text as the library writes it; with `long_decimals`,
+// as LongDecimals spells it.
+template <typename Table>
+std::string JsonText(Content content, bool long_decimals = false) {
+  std::string text;
+  protomsg::internal::PrintJson(TableContent<Table>(content), text);
+  return long_decimals ? LongDecimals(text) : text;
+}
+
+// Protobuf's JSON parser on `text`, into a message on the heap.
+template <typename Message>
+void ProtobufParseLoop(benchmark::State& state, const std::string& text) {
+  for (auto _ : state) {
+    Message message;
+    benchmark::DoNotOptimize(
+        util::JsonStringToMessage(text, &message, TuningFileParseOptions()));
+  }
+}
+
 template <typename Table>
 void RegisterJson(Content content) {
   {
@@ -134,9 +153,7 @@ void RegisterJson(Content content) {
   Register(BenchmarkName<Table>("json_read_long", content),
            [content](benchmark::State& state) {
              const std::string path = FilePath<Table>("long.json", content);
-             std::string text;
-             protomsg::internal::PrintJson(TableContent<Table>(content), text);
-             PlainWrite(path, LongDecimals(text));
+             PlainWrite(path, JsonText<Table>(content, true));
              auto record = std::make_unique<Table>();
              for (auto _ : state) {
                if (!TableTraits<Table>::kReadJson(path, *record)) {
@@ -147,33 +164,15 @@ void RegisterJson(Content content) {
            });
   Register(BenchmarkName<Table>("json_parse_long_heap", content),
            [content](benchmark::State& state) {
-             std::string text;
-             protomsg::internal::PrintJson(TableContent<Table>(content), text);
-             text = LongDecimals(text);
-             for (auto _ : state) {
-               Message message;
-               benchmark::DoNotOptimize(util::JsonStringToMessage(
-                   text, &message, TuningFileParseOptions()));
-             }
+             ProtobufParseLoop<Message>(state, JsonText<Table>(content, true));
            });
   Register(BenchmarkName<Table>("json_parse_heap", content),
            [content](benchmark::State& state) {
-             const std::string path = FilePath<Table>("json", content);
-             protomsg::SaveTuningTableWithJson(path,
-                                               TableContent<Table>(content));
-             const std::string text = ReadFile(path);
-             for (auto _ : state) {
-               Message message;
-               benchmark::DoNotOptimize(util::JsonStringToMessage(
-                   text, &message, TuningFileParseOptions()));
-             }
+             ProtobufParseLoop<Message>(state, JsonText<Table>(content));
            });
   Register(BenchmarkName<Table>("json_parse_arena", content),
            [content](benchmark::State& state) {
-             const std::string path = FilePath<Table>("json", content);
-             protomsg::SaveTuningTableWithJson(path,
-                                               TableContent<Table>(content));
-             const std::string text = ReadFile(path);
+             const std::string text = JsonText<Table>(content);
              for (auto _ : state) {
                Arena arena;
                auto* message = Arena::CreateMessage<Message>(&arena);

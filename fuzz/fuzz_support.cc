@@ -42,3 +42,9 @@ void Fail(const char* what) {
 }
 
 }  // namespace q3a_fuzz
+
+// libFuzzer calls this once before the first input, in every target.
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+  q3a_fuzz::SilenceLogs();
+  return 0;
+}

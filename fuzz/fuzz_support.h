@@ -21,7 +21,8 @@ void WriteBytes(const std::string& path, const uint8_t* data, std::size_t size);
 
 // Replaces the liblog and libbase log sinks with ones that drop every line,
 // at the most verbose level, so the logging code runs without flooding the
-// fuzzer's output.
+// fuzzer's output. Every target's LLVMFuzzerInitialize (defined with it)
+// calls it.
 void SilenceLogs();
 
 // Reports `what` and aborts, so libFuzzer keeps the input that broke it.

@@ -484,11 +484,6 @@ void CheckTable(FuzzedDataProvider& script, const Table& start) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  q3a_fuzz::SilenceLogs();
-  return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static const auto* start = new qawb::MutableQAWBTuning();
   FuzzedDataProvider script(data, size);

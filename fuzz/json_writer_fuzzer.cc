@@ -29,55 +29,48 @@ namespace {
 using q3a_fuzz::Check;
 
 template <typename Record>
-void CheckRecord(std::string_view bytes) {
-  using Message = typename protomsg::internal::MessageFor<Record>::type;
-  auto record = std::make_unique<Record>();
-  auto* raw = reinterpret_cast<unsigned char*>(record.get());
-  for (std::size_t i = 0; i < sizeof(Record); ++i) {
-    raw[i] =
-        bytes.empty() ? 0 : static_cast<unsigned char>(bytes[i % bytes.size()]);
-  }
-
-  std::string text;
-  protomsg::internal::PrintJson(*record, text);
-  Message message;
-  protomsg::ConvertToMessage(*record, message);
-  std::string expected;
-  (void)google::protobuf::util::MessageToJsonString(
-      message, &expected, protomsg::internal::TuningFilePrintOptions());
-  Check(text == expected, "printed text differs from MessageToJsonString");
-
-  const bool finite = text.find("NaN") == std::string::npos &&
-                      text.find("Infinity") == std::string::npos;
-  static simdjson::ondemand::parser parser;
-  const simdjson::padded_string padded(text);
-  auto direct = std::make_unique<Record>(*record);
-  const bool fast =
-      protomsg::internal::ReadCanonicalJson(parser, padded, *direct);
-  Check(fast || !finite, "the direct reader leaves the printer's text");
-  if (!fast) return;
-  Message parsed;
-  Check(google::protobuf::util::JsonStringToMessage(
-            text, &parsed, protomsg::internal::TuningFileParseOptions())
-            .ok(),
-        "protobuf refuses the printed text");
-  auto reference = std::make_unique<Record>(*record);
-  protomsg::ConvertToStruct(parsed, *reference);
-  Check(std::memcmp(direct.get(), reference.get(), sizeof(Record)) == 0,
-        "direct read of the printed text differs from protobuf's");
-}
-
-template <typename Record>
 struct RecordCheck {
-  static void Run(std::string_view bytes) { CheckRecord<Record>(bytes); }
+  static void Run(std::string_view bytes) {
+    using Message = typename protomsg::internal::MessageFor<Record>::type;
+    auto record = std::make_unique<Record>();
+    auto* raw = reinterpret_cast<unsigned char*>(record.get());
+    for (std::size_t i = 0; i < sizeof(Record); ++i) {
+      raw[i] = bytes.empty()
+                   ? 0
+                   : static_cast<unsigned char>(bytes[i % bytes.size()]);
+    }
+
+    std::string text;
+    protomsg::internal::PrintJson(*record, text);
+    Message message;
+    protomsg::ConvertToMessage(*record, message);
+    std::string expected;
+    (void)google::protobuf::util::MessageToJsonString(
+        message, &expected, protomsg::internal::TuningFilePrintOptions());
+    Check(text == expected, "printed text differs from MessageToJsonString");
+
+    const bool finite = text.find("NaN") == std::string::npos &&
+                        text.find("Infinity") == std::string::npos;
+    static simdjson::ondemand::parser parser;
+    const simdjson::padded_string padded(text);
+    auto direct = std::make_unique<Record>(*record);
+    const bool fast =
+        protomsg::internal::ReadCanonicalJson(parser, padded, *direct);
+    Check(fast || !finite, "the direct reader leaves the printer's text");
+    if (!fast) return;
+    Message parsed;
+    Check(google::protobuf::util::JsonStringToMessage(
+              text, &parsed, protomsg::internal::TuningFileParseOptions())
+              .ok(),
+          "protobuf refuses the printed text");
+    auto reference = std::make_unique<Record>(*record);
+    protomsg::ConvertToStruct(parsed, *reference);
+    Check(std::memcmp(direct.get(), reference.get(), sizeof(Record)) == 0,
+          "direct read of the printed text differs from protobuf's");
+  }
 };
 
 }  // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  q3a_fuzz::SilenceLogs();
-  return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   q3a_fuzz::RunSelectedRecordCheck<RecordCheck>(data, size);

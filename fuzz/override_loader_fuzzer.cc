@@ -182,11 +182,6 @@ struct Harness {
 }  // namespace
 }  // namespace q3a_fuzz
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  q3a_fuzz::SilenceLogs();
-  return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static auto* harness = new q3a_fuzz::Harness();
   harness->Run(data, size);

@@ -34,11 +34,6 @@ void ConvertAll(const qawb::MutableQAWBTuning& tuning) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  q3a_fuzz::SilenceLogs();
-  return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static auto* tuning = new qawb::MutableQAWBTuning();
   const std::string input = q3a_fuzz::ScratchPath("input.bin");

@@ -7,11 +7,6 @@
 #include "fuzz/table_file_check.h"
 #include "protomsg/tuning_files.h"
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  q3a_fuzz::SilenceLogs();
-  return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   q3a_fuzz::CheckSelectedTableFile(data, size,
                                    q3a_fuzz::TableFileFormat::kJson);

@@ -38,44 +38,36 @@ const Record& Start() {
 }
 
 template <typename Record>
-void CheckRecord(std::string_view bytes) {
-  using Message = typename protomsg::internal::MessageFor<Record>::type;
-  auto decoded = std::make_unique<Record>(Start<Record>());
-  auto expected = std::make_unique<Record>(Start<Record>());
-  const bool ok = protomsg::internal::DecodeRecord(bytes, *decoded);
-  Message parsed;
-  const bool parsed_ok =
-      parsed.ParseFromArray(bytes.data(), static_cast<int>(bytes.size()));
-  if (parsed_ok) protomsg::ConvertToStruct(parsed, *expected);
-  Check(ok == parsed_ok, "decoder and protobuf disagree on acceptance");
-  Check(SameBytes(*decoded, *expected), "decoded record differs");
-  if (!ok) return;
-
-  const std::string encoded = protomsg::internal::EncodeRecord(*decoded);
-  Message converted;
-  protomsg::ConvertToMessage(*decoded, converted);
-  Check(encoded == converted.SerializeAsString(),
-        "encoder differs from SerializeToString");
-
-  auto again = std::make_unique<Record>(Start<Record>());
-  Check(protomsg::internal::DecodeCanonicalRecord(encoded, *again),
-        "encoder output is not canonical");
-  auto reference = std::make_unique<Record>(Start<Record>());
-  protomsg::ConvertToStruct(converted, *reference);
-  Check(SameBytes(*again, *reference), "encoded record decodes differently");
-}
-
-template <typename Record>
 struct RecordCheck {
-  static void Run(std::string_view bytes) { CheckRecord<Record>(bytes); }
+  static void Run(std::string_view bytes) {
+    using Message = typename protomsg::internal::MessageFor<Record>::type;
+    auto decoded = std::make_unique<Record>(Start<Record>());
+    auto expected = std::make_unique<Record>(Start<Record>());
+    const bool ok = protomsg::internal::DecodeRecord(bytes, *decoded);
+    Message parsed;
+    const bool parsed_ok =
+        parsed.ParseFromArray(bytes.data(), static_cast<int>(bytes.size()));
+    if (parsed_ok) protomsg::ConvertToStruct(parsed, *expected);
+    Check(ok == parsed_ok, "decoder and protobuf disagree on acceptance");
+    Check(SameBytes(*decoded, *expected), "decoded record differs");
+    if (!ok) return;
+
+    const std::string encoded = protomsg::internal::EncodeRecord(*decoded);
+    Message converted;
+    protomsg::ConvertToMessage(*decoded, converted);
+    Check(encoded == converted.SerializeAsString(),
+          "encoder differs from SerializeToString");
+
+    auto again = std::make_unique<Record>(Start<Record>());
+    Check(protomsg::internal::DecodeCanonicalRecord(encoded, *again),
+          "encoder output is not canonical");
+    auto reference = std::make_unique<Record>(Start<Record>());
+    protomsg::ConvertToStruct(converted, *reference);
+    Check(SameBytes(*again, *reference), "encoded record decodes differently");
+  }
 };
 
 }  // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-  q3a_fuzz::SilenceLogs();
-  return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   q3a_fuzz::RunSelectedRecordCheck<RecordCheck>(data, size);

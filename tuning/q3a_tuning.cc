@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <initializer_list>
 #include <iterator>
+#include <span>
+#include <vector>
 
 #include "coordinator/actuator_tuning.h"
 #include "coordinator/built_in_registry.h"
@@ -264,88 +266,49 @@ NodeTuningMap awb_table = ExpandAwbRegistrations({
 const FpsRange kFpsWith60[] = {
     {15, 15}, {15, 30}, {30, 30}, {15, 60}, {60, 60}};
 const FpsRange kFpsUpTo30[] = {{15, 15}, {15, 30}, {30, 30}};
-const std::initializer_list<std::uint8_t> kAllAfModes = {0, 1, 2, 3, 4, 5};
-const std::initializer_list<std::uint8_t> kAllAwbModes = {0, 1, 2, 3, 4,
-                                                          5, 6, 7, 8};
 
+enum class Focus { kAuto, kFixed };
+
+// A lens's characteristics: what differs between the phone's five lenses is
+// given, the rest they share.
+CameraCharacteristics Lens(float lens_scalar,
+                           std::initializer_list<std::uint8_t> ae_modes,
+                           std::span<const FpsRange> fps_ranges, Focus focus) {
+  const bool autofocus = focus == Focus::kAuto;
+  return CameraCharacteristics{
+      .lens_scalar = lens_scalar,
+      .ae_available_antibanding_modes = {3},
+      .ae_available_modes = ae_modes,
+      .ae_available_target_fps_ranges = {fps_ranges.begin(), fps_ranges.end()},
+      .ae_compensation_range = {-24, 24},
+      .ae_compensation_step = {1, 6, 1, 1},
+      .af_available_modes = autofocus
+                                ? std::vector<std::uint8_t>{0, 1, 2, 3, 4, 5}
+                                : std::vector<std::uint8_t>{0},
+      .af_supported = autofocus ? 1 : 0,
+      .awb_available_modes = {0, 1, 2, 3, 4, 5, 6, 7, 8},
+      .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
+  };
+}
+
+// clang-format off
 q3a_coordinator::StaticCameraCharacteristics static_camera_characteristics({
-    {lumen_api::kCameraPositionBack,
-     {
-         {lumen_api::kLensTypeMain,
-          CameraCharacteristics{
-              .lens_scalar = 44.444443f,
-              .ae_available_antibanding_modes = {3},
-              .ae_available_modes = {0, 1, 2, 3},
-              .ae_available_target_fps_ranges = {std::begin(kFpsWith60),
-                                                 std::end(kFpsWith60)},
-              .ae_compensation_range = {-24, 24},
-              .ae_compensation_step = {1, 6, 1, 1},
-              .af_available_modes = kAllAfModes,
-              .af_supported = 1,
-              .awb_available_modes = kAllAwbModes,
-              .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
-          }},
-         {lumen_api::kLensTypeUltraWide,
-          CameraCharacteristics{
-              .lens_scalar = 50.761421f,
-              .ae_available_antibanding_modes = {3},
-              .ae_available_modes = {0, 1, 2, 3},
-              .ae_available_target_fps_ranges = {std::begin(kFpsWith60),
-                                                 std::end(kFpsWith60)},
-              .ae_compensation_range = {-24, 24},
-              .ae_compensation_step = {1, 6, 1, 1},
-              .af_available_modes = {0},
-              .af_supported = 0,
-              .awb_available_modes = kAllAwbModes,
-              .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
-          }},
-         {lumen_api::kLensTypeTelephoto,
-          CameraCharacteristics{
-              .lens_scalar = 29.673592f,
-              .ae_available_antibanding_modes = {3},
-              .ae_available_modes = {0, 1, 2, 3},
-              .ae_available_target_fps_ranges = {std::begin(kFpsWith60),
-                                                 std::end(kFpsWith60)},
-              .ae_compensation_range = {-24, 24},
-              .ae_compensation_step = {1, 6, 1, 1},
-              .af_available_modes = kAllAfModes,
-              .af_supported = 1,
-              .awb_available_modes = kAllAwbModes,
-              .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
-          }},
-     }},
-    {lumen_api::kCameraPositionFront,
-     {
-         {lumen_api::kLensTypeMain,
-          CameraCharacteristics{
-              .lens_scalar = 56.818184f,
-              .ae_available_antibanding_modes = {3},
-              .ae_available_modes = {0, 1},
-              .ae_available_target_fps_ranges = {std::begin(kFpsWith60),
-                                                 std::end(kFpsWith60)},
-              .ae_compensation_range = {-24, 24},
-              .ae_compensation_step = {1, 6, 1, 1},
-              .af_available_modes = {0},
-              .af_supported = 0,
-              .awb_available_modes = kAllAwbModes,
-              .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
-          }},
-         {lumen_api::kLensTypeFrontWide,
-          CameraCharacteristics{
-              .lens_scalar = 56.818184f,
-              .ae_available_antibanding_modes = {3},
-              .ae_available_modes = {0, 1},
-              .ae_available_target_fps_ranges = {std::begin(kFpsUpTo30),
-                                                 std::end(kFpsUpTo30)},
-              .ae_compensation_range = {-24, 24},
-              .ae_compensation_step = {1, 6, 1, 1},
-              .af_available_modes = {0},
-              .af_supported = 0,
-              .awb_available_modes = kAllAwbModes,
-              .trailing_flags = {1, 0, 0, 0, 0, 0, 0, 0},
-          }},
-     }},
+    {lumen_api::kCameraPositionBack, {
+        {lumen_api::kLensTypeMain,
+         Lens(44.444443f, {0, 1, 2, 3}, kFpsWith60, Focus::kAuto)},
+        {lumen_api::kLensTypeUltraWide,
+         Lens(50.761421f, {0, 1, 2, 3}, kFpsWith60, Focus::kFixed)},
+        {lumen_api::kLensTypeTelephoto,
+         Lens(29.673592f, {0, 1, 2, 3}, kFpsWith60, Focus::kAuto)},
+    }},
+    {lumen_api::kCameraPositionFront, {
+        {lumen_api::kLensTypeMain,
+         Lens(56.818184f, {0, 1}, kFpsWith60, Focus::kFixed)},
+        {lumen_api::kLensTypeFrontWide,
+         Lens(56.818184f, {0, 1}, kFpsUpTo30, Focus::kFixed)},
+    }},
 });
+// clang-format on
 
 NodeTuningMap static_camera_characteristics_table = {
     {{0, -1, -1, -1, -1}, &static_camera_characteristics},

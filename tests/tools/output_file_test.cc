@@ -67,7 +67,7 @@ TEST(WriteOutputFile, ReplacesAFileAndKeepsItsMode) {
   const std::string target = dir.File("out.json");
   q3a_test::WriteFile(target, "old");
   chmod(target.c_str(), 0640);
-  ASSERT_EQ(WriteOutputFile(target, "new content"), std::nullopt);
+  ASSERT_TRUE(WriteOutputFile(target, "new content").ok());
   EXPECT_EQ(q3a_test::ReadFile(target), "new content");
   struct stat status;
   ASSERT_EQ(stat(target.c_str(), &status), 0);
@@ -79,7 +79,7 @@ TEST(WriteOutputFile, WritesThroughALinkAndKeepsTheLink) {
   q3a_test::ScopedTempDir dir;
   q3a_test::WriteFile(dir.File("real.json"), "old");
   fs::create_symlink(dir.File("real.json"), dir.File("link.json"));
-  ASSERT_EQ(WriteOutputFile(dir.File("link.json"), "new"), std::nullopt);
+  ASSERT_TRUE(WriteOutputFile(dir.File("link.json"), "new").ok());
   EXPECT_TRUE(fs::is_symlink(dir.File("link.json")));
   EXPECT_EQ(q3a_test::ReadFile(dir.File("real.json")), "new");
 }
@@ -92,8 +92,8 @@ TEST(WriteOutputFile, RefusesAFileChangedSinceItWasRead) {
   q3a_test::WriteFile(target, "an editor's save");
   const auto error =
       WriteOutputFile(target, "edited", {.unchanged_since = read});
-  ASSERT_NE(error, std::nullopt);
-  EXPECT_THAT(error->message, HasSubstr("changed by another program"));
+  ASSERT_FALSE(error.ok());
+  EXPECT_THAT(error.error().message, HasSubstr("changed by another program"));
   EXPECT_EQ(q3a_test::ReadFile(target), "an editor's save");
   EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.json"});
 }
@@ -109,9 +109,9 @@ TEST(WriteOutputFile, AFailedVerificationKeepsTheOldFile) {
         seen = q3a_test::ReadFile(written);
         return "came out short";
       }});
-  ASSERT_NE(error, std::nullopt);
+  ASSERT_FALSE(error.ok());
   EXPECT_EQ(seen, "half");
-  EXPECT_EQ(error->message,
+  EXPECT_EQ(error.error().message,
             target + ": came out short; the file is left as it was");
   EXPECT_EQ(q3a_test::ReadFile(target), "old");
   EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.bin"});
@@ -139,10 +139,10 @@ TEST_P(RefusedOutput, LeavesEverythingAsItWas) {
   const std::string inputs[] = {dir.File("input.json")};
 
   const auto error = WriteOutputFile(target, "replacement", {.inputs = inputs});
-  ASSERT_NE(error, std::nullopt);
-  EXPECT_EQ(error->exit_code, GetParam().exit_code);
-  EXPECT_THAT(error->message, HasSubstr(target));
-  EXPECT_THAT(error->message, HasSubstr(GetParam().says));
+  ASSERT_FALSE(error.ok());
+  EXPECT_EQ(error.error().exit_code, GetParam().exit_code);
+  EXPECT_THAT(error.error().message, HasSubstr(target));
+  EXPECT_THAT(error.error().message, HasSubstr(GetParam().says));
   EXPECT_EQ(Listing(dir.path()), before);
   EXPECT_EQ(q3a_test::ReadFile(dir.File("input.json")), "input");
   struct stat status_after;
@@ -250,7 +250,7 @@ TEST_P(FailedWriteTest, NamesTheCauseAndKeepsWhatWasThere) {
     const bool clean = Listing(dir) == expected &&
                        (!c.existed || q3a_test::ReadFile(target) == "old");
     return (clean ? "clean|" : "changed|") +
-           (error ? error->message : std::string("written"));
+           (error.ok() ? std::string("written") : error.error().message);
   });
   // The immutable case leaves the flag set; the scratch must go.
   if (const int fd = open(target.c_str(), O_RDONLY); fd >= 0) {

@@ -1,12 +1,11 @@
 // The built-in AWB containers against the data they are compiled from: the
-// manifest (tuning/qawb/built_in_tables.txt) and its JSON tuning files.
+// manifest (tuning/qawb/built_in_tables.txt, as the table generator lists it
+// in its header) and its JSON tuning files.
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
 #include <memory>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -14,24 +13,17 @@
 #include "libs_v4/qAWB/src/base/table_access.h"
 #include "protomsg/tuning_table_traits.h"
 #include "tests/support/scoped_temp_dir.h"
+#include "tuning/qawb/built_in_qawb_tables.h"
 
 namespace {
 
-struct ManifestEntry {
-  std::string table;
-  std::string constant;
-  std::string source;
-};
+using ManifestEntry = qawb::built_in_manifest::Entry;
 
 // The registered tables' entries: the mutable container's defaults (in
 // namespace qawb::internal) are not registered.
 std::vector<ManifestEntry> RegisteredManifestEntries() {
-  std::ifstream file(Q3A_SOURCE_ROOT "/tuning/qawb/built_in_tables.txt");
   std::vector<ManifestEntry> entries;
-  for (std::string line; std::getline(file, line);) {
-    std::istringstream fields(line.substr(0, line.find('#')));
-    ManifestEntry entry;
-    if (!(fields >> entry.table >> entry.constant >> entry.source)) continue;
+  for (const ManifestEntry& entry : qawb::built_in_manifest::kEntries) {
     if (!entry.constant.starts_with("qawb::internal::")) {
       entries.push_back(entry);
     }
@@ -77,7 +69,7 @@ TEST(BuiltInAwb, TableSharingMatchesTheManifest) {
       if (entry.table != name) continue;
       auto table = std::make_unique<Record>();
       ASSERT_TRUE(protomsg::TuningTableTraits<Record>::kReadJson(
-          Q3A_SOURCE_ROOT "/tuning/qawb/" + entry.source, *table))
+          Q3A_SOURCE_ROOT "/tuning/qawb/" + std::string(entry.source), *table))
           << entry.source;
       ++listed[BytesOf(*table)];
     }

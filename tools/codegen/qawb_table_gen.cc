@@ -45,6 +45,12 @@ std::string TableNames() {
   return names;
 }
 
+std::string_view TableNameOf(qawb::TableId table) {
+  return qawb::VisitTable(table, []<typename Record>() {
+    return qawb::TuningTable<Record>::kName;
+  });
+}
+
 std::string_view RecordName(qawb::TableId table) {
   return qawb::VisitTable(table, []<typename Record>() {
     return qawb::TuningTable<Record>::kRecordName;
@@ -150,7 +156,9 @@ std::string Header(const std::vector<ManifestEntry>& entries) {
       "files.\n"
       "#ifndef TUNING_QAWB_BUILT_IN_QAWB_TABLES_H_\n"
       "#define TUNING_QAWB_BUILT_IN_QAWB_TABLES_H_\n\n";
-  out += "#include \"awb_records/tuning_tables.h\"\n\n";
+  out +=
+      "#include <string_view>\n\n"
+      "#include \"awb_records/tuning_tables.h\"\n\n";
   for (const ManifestEntry& entry : entries) {
     std::string space, id;
     SplitName(entry.name, space, id);
@@ -158,6 +166,20 @@ std::string Header(const std::vector<ManifestEntry>& entries) {
            " {\nextern const ::qawb::" + std::string(RecordName(entry.table)) +
            " " + id + ";  // " + entry.source + "\n}\n";
   }
+  // The manifest itself, as data, for code that checks what was compiled.
+  out +=
+      "\nnamespace qawb::built_in_manifest {\n\n"
+      "struct Entry {\n"
+      "  std::string_view table;\n"
+      "  std::string_view constant;  // qualified\n"
+      "  std::string_view source;    // relative to the manifest\n"
+      "};\n\n"
+      "inline constexpr Entry kEntries[] = {\n";
+  for (const ManifestEntry& entry : entries) {
+    out += "    {\"" + std::string(TableNameOf(entry.table)) + "\", \"" +
+           entry.name + "\", \"" + entry.source + "\"},\n";
+  }
+  out += "};\n\n}  // namespace qawb::built_in_manifest\n";
   out += "\n#endif  // TUNING_QAWB_BUILT_IN_QAWB_TABLES_H_\n";
   return out;
 }

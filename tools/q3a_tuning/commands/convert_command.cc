@@ -28,8 +28,9 @@ struct ConvertOptions {
 };
 
 int RunConvert(const ConvertOptions& options) {
-  if (auto refused = RequireFileOperand(options.input, "convert")) {
-    return ReportError(*refused);
+  if (auto refused = RequireFileOperand(options.input, "convert");
+      !refused.ok()) {
+    return ReportError(refused.error());
   }
   const Result<FileFormat> from = InputFormat(options.input, options.from);
   if (!from.ok()) return ReportError(from.error());
@@ -42,8 +43,9 @@ int RunConvert(const ConvertOptions& options) {
   const std::string inputs[] = {options.input};
   TableFileOptions write{*to, options.compact, {.inputs = inputs}};
   write.output.text = *to == FileFormat::kJson;
-  if (auto refused = CheckOutputPath(options.output, write.output)) {
-    return ReportError(*refused);
+  if (auto refused = CheckOutputPath(options.output, write.output);
+      !refused.ok()) {
+    return ReportError(refused.error());
   }
   const Result<qawb::TableId> kind =
       ResolveTable(options.input, *from, options.table);
@@ -60,8 +62,8 @@ int RunConvert(const ConvertOptions& options) {
   for (const Diagnostic& problem : report.problems) diagnostics.Warn(problem);
   return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
-    if (auto error = LoadTableFile(options.input, *from, *table)) {
-      return ReportError(*error);
+    if (auto error = LoadTableFile(options.input, *from, *table); !error.ok()) {
+      return ReportError(error.error());
     }
     const Result<std::vector<Diagnostic>> warnings =
         WriteTableFile(options.output, *table, write);

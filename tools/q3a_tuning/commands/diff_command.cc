@@ -120,8 +120,8 @@ int RunDiff(const DiffOptions& options) {
     auto new_table = MakeZeroedTable<Record>();
     for (auto [operand, table] :
          {std::pair{&*a, old_table.get()}, std::pair{&*b, new_table.get()}}) {
-      if (auto error = LoadOperand(*operand, *table)) {
-        return ReportError(Trouble(*error));
+      if (auto error = LoadOperand(*operand, *table); !error.ok()) {
+        return ReportError(Trouble(error.error()));
       }
     }
     const std::vector<Difference> differences =

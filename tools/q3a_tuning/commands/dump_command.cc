@@ -27,8 +27,8 @@ int RunDump(const DumpOptions& options) {
       TableFilesOptions(options.output, inputs);
   if (!write.ok()) return ReportError(write.error());
   auto tuning = std::make_unique<MutableQAWBTuning>();
-  if (auto error = ReadTuningBinaryFile(options.input, *tuning)) {
-    return ReportError(*error);
+  if (auto error = ReadTuningBinaryFile(options.input, *tuning); !error.ok()) {
+    return ReportError(error.error());
   }
   return ExportTableFiles(*tuning, options.output.directory, *write);
 }

@@ -34,9 +34,9 @@ int WriteSchemaFiles(const std::string& directory) {
   int exit_code = kExitOk;
   for (qawb::TableId id : kAllTableIds) {
     const std::string path = directory + "/" + SchemaFileName(id);
-    if (auto error =
-            WriteOutputFile(path, TableJsonSchema(id), {.text = true})) {
-      exit_code = ReportError(*error);
+    if (auto error = WriteOutputFile(path, TableJsonSchema(id), {.text = true});
+        !error.ok()) {
+      exit_code = ReportError(error.error());
       continue;
     }
     fmt::print("{}\n", path);

@@ -52,8 +52,9 @@ std::string_view SeverityLetter(android::base::LogSeverity severity) {
 Diagnostic WhyNotLoaded(const std::string& path, qawb::TableId kind) {
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) return DiagnosticOf(content.error(), path);
-  if (auto refused = CheckTableFits(path, *content, FileFormat::kJson, kind)) {
-    return DiagnosticOf(*refused, path);
+  if (auto refused = CheckTableFits(path, *content, FileFormat::kJson, kind);
+      !refused.ok()) {
+    return DiagnosticOf(refused.error(), path);
   }
   if (FormatFromPath(path) == FileFormat::kBinary) {
     return {.file = path,
@@ -92,15 +93,16 @@ int RunLoad(const LoadOptions& options) {
   if (!fixed.ok()) return ReportError(fixed.error());
   const OutputOptions output{.inputs = inputs};
   if (!options.output.empty()) {
-    if (auto refused = CheckOutputPath(options.output, output)) {
-      return ReportError(*refused);
+    if (auto refused = CheckOutputPath(options.output, output); !refused.ok()) {
+      return ReportError(refused.error());
     }
   }
   // A path the tool will not open (a FIFO would block the loader) is handed
   // over as empty, which leaves the table as a failed read does.
   std::unordered_map<std::string_view, std::string> file_map;
   for (const auto& [name, path] : files) {
-    file_map.emplace(name, path.empty() || CheckInputFile(path) ? "" : path);
+    file_map.emplace(name,
+                     path.empty() || !CheckInputFile(path).ok() ? "" : path);
   }
 
   std::vector<std::string> lines;
@@ -159,8 +161,9 @@ int RunLoad(const LoadOptions& options) {
   if (!options.output.empty()) {
     auto copy = std::make_unique<qawb::MutableQAWBTuning>();
     qawb::CopyTables(*result, *copy);
-    if (auto error = WriteTuningBinaryFile(options.output, *copy, output)) {
-      return ReportError(*error);
+    if (auto error = WriteTuningBinaryFile(options.output, *copy, output);
+        !error.ok()) {
+      return ReportError(error.error());
     }
     fmt::print("{}\n", options.output);
   }

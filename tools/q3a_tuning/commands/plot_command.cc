@@ -31,7 +31,7 @@ struct PlotOptions {
 
 // plot draws SVG only; a name that promises another picture format would
 // hold SVG under a wrong name, which viewers refuse.
-std::optional<ToolError> CheckPictureName(const std::string& output) {
+Result<> CheckPictureName(const std::string& output) {
   static constexpr std::string_view kOtherFormats[] = {
       ".png", ".jpg", ".jpeg", ".gif", ".webp", ".bmp",
       ".tif", ".tiff", ".pdf", ".eps", ".ps"};
@@ -41,7 +41,7 @@ std::optional<ToolError> CheckPictureName(const std::string& output) {
   }
   if (std::find(std::begin(kOtherFormats), std::end(kOtherFormats),
                 extension) == std::end(kOtherFormats)) {
-    return std::nullopt;
+    return {};
   }
   return ToolError{fmt::format("{}: plot writes SVG, not {}; name the file "
                                ".svg (rsvg-convert or a browser makes a {} "
@@ -56,8 +56,8 @@ int RunPlot(const PlotOptions& options) {
     const Result<qawb::TableId> named = ParseTableOption(options.table);
     if (!named.ok()) return ReportError(named.error());
   }
-  if (auto refused = CheckPictureName(options.output)) {
-    return ReportError(*refused);
+  if (auto refused = CheckPictureName(options.output); !refused.ok()) {
+    return ReportError(refused.error());
   }
   const auto defaults = DefaultContainer();
   const Result<TableOperand> operand =
@@ -73,8 +73,8 @@ int RunPlot(const PlotOptions& options) {
   std::vector<std::string> inputs = {operand->file};
   if (against) inputs.push_back(against->file);
   const OutputOptions output{.inputs = inputs, .text = true};
-  if (auto refused = CheckOutputPath(options.output, output)) {
-    return ReportError(*refused);
+  if (auto refused = CheckOutputPath(options.output, output); !refused.ok()) {
+    return ReportError(refused.error());
   }
   const Result<qawb::TableId> kind = OperandKind(*operand, options.table);
   if (!kind.ok()) return ReportError(kind.error());
@@ -90,18 +90,19 @@ int RunPlot(const PlotOptions& options) {
   return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
     auto before = MakeZeroedTable<Record>();
-    std::optional<ToolError> failure = LoadOperand(*operand, *table);
-    if (!failure && against) failure = LoadOperand(*against, *before);
-    if (failure) return ReportError(*failure);
+    Result<> failure = LoadOperand(*operand, *table);
+    if (failure.ok() && against) failure = LoadOperand(*against, *before);
+    if (!failure.ok()) return ReportError(failure.error());
     PlotNames names;
     names.table = DescribeTable(*operand, *kind, table->version);
     if (against) names.before = DescribeTable(*against, *kind, before->version);
     const TablePlots plots =
         PlotTable(*table, against ? before.get() : nullptr, names);
     DiagnosticSink().Report(plots.findings);
-    if (auto error = WriteOutputFile(
-            options.output, StackFiguresSvg(plots.figures), output)) {
-      return ReportError(*error);
+    if (auto error = WriteOutputFile(options.output,
+                                     StackFiguresSvg(plots.figures), output);
+        !error.ok()) {
+      return ReportError(error.error());
     }
     if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
     return plots.findings.empty() ? kExitOk : kExitFailure;

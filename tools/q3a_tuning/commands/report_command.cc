@@ -89,8 +89,8 @@ int RunReport(const ReportOptions& options) {
   if (!registered.ok()) return ReportError(registered.error());
   const qawb::QAWBTuning& container = **registered;
   const OutputOptions output{.inputs = options.against, .text = true};
-  if (auto error = CheckOutputPath(options.output, output)) {
-    return ReportError(*error);
+  if (auto error = CheckOutputPath(options.output, output); !error.ok()) {
+    return ReportError(error.error());
   }
   // Which table each file holds; two files for one table are refused.
   std::map<qawb::TableId, std::string> files;
@@ -111,10 +111,10 @@ int RunReport(const ReportOptions& options) {
   AddRegistration(container, data, files);
   const std::string container_name = "container " + options.key;
   for (qawb::TableId kind : kAllTableIds) {
-    const std::optional<ToolError> failure = qawb::VisitTable(
-        kind, [&]<typename Record>() -> std::optional<ToolError> {
+    const Result<> failure =
+        qawb::VisitTable(kind, [&]<typename Record>() -> Result<> {
           const Record* built_in = qawb::GetTable<Record>(container);
-          if (built_in == nullptr) return std::nullopt;
+          if (built_in == nullptr) return {};
           ReportSection section;
           section.id = std::string(TableName(kind));
           PlotNames names;
@@ -129,7 +129,8 @@ int RunReport(const ReportOptions& options) {
             const Result<FileFormat> format =
                 InputFormat(file->second, options.from);
             if (!format.ok()) return format.error();
-            if (auto error = LoadTableFile(file->second, *format, *edited)) {
+            if (auto error = LoadTableFile(file->second, *format, *edited);
+                !error.ok()) {
               return error;
             }
             // A new version is what an edited file is meant to carry: it is
@@ -165,13 +166,14 @@ int RunReport(const ReportOptions& options) {
             section.figures.push_back(RenderFigureSvg(figure));
           }
           data.sections.push_back(std::move(section));
-          return std::nullopt;
+          return {};
         });
-    if (failure) return ReportError(*failure);
+    if (!failure.ok()) return ReportError(failure.error());
   }
   if (auto error =
-          WriteOutputFile(options.output, RenderHtmlReport(data), output)) {
-    return ReportError(*error);
+          WriteOutputFile(options.output, RenderHtmlReport(data), output);
+      !error.ok()) {
+    return ReportError(error.error());
   }
   if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
   return kExitOk;

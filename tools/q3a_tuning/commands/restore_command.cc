@@ -32,8 +32,8 @@ int RunRestore(const RestoreOptions& options) {
   for (const auto& [kind, path] : options.files) inputs.push_back(path);
   if (!options.base.empty()) inputs.push_back(options.base);
   const OutputOptions output{.inputs = inputs};
-  if (auto refused = CheckOutputPath(options.output, output)) {
-    return ReportError(*refused);
+  if (auto refused = CheckOutputPath(options.output, output); !refused.ok()) {
+    return ReportError(refused.error());
   }
   auto tuning = std::make_unique<MutableQAWBTuning>();
   std::string base_name = "defaults";
@@ -43,8 +43,8 @@ int RunRestore(const RestoreOptions& options) {
     qawb::CopyTables(**fixed, *tuning);
     base_name = "awb:" + options.key;
   } else if (!options.base.empty()) {
-    if (auto error = ReadTuningBinaryFile(options.base, *tuning)) {
-      return ReportError(*error);
+    if (auto error = ReadTuningBinaryFile(options.base, *tuning); !error.ok()) {
+      return ReportError(error.error());
     }
     base_name = options.base;
   }
@@ -56,24 +56,26 @@ int RunRestore(const RestoreOptions& options) {
       const Result<FileFormat> format =
           InputFormat(file->second, options.from);
       if (!format.ok()) return ReportError(format.error());
-      const std::optional<ToolError> error = qawb::VisitTable(
-          kind, [&]<typename Record>() -> std::optional<ToolError> {
+      const Result<> error =
+          qawb::VisitTable(kind, [&]<typename Record>() -> Result<> {
             auto table = MakeZeroedTable<Record>();
-            if (auto failed = LoadTableFile(file->second, *format, *table)) {
+            if (auto failed = LoadTableFile(file->second, *format, *table);
+                !failed.ok()) {
               return failed;
             }
             qawb::SetTable(*tuning, table.get());
-            return std::nullopt;
+            return {};
           });
-      if (error) return ReportError(*error);
+      if (!error.ok()) return ReportError(error.error());
       source = file->second;
     }
     lines.push_back(fmt::format("{:<8} {:<6} from {}", TableName(kind),
                                 VersionString(*TableVersion(*tuning, kind)),
                                 source));
   }
-  if (auto error = WriteTuningBinaryFile(options.output, *tuning, output)) {
-    return ReportError(*error);
+  if (auto error = WriteTuningBinaryFile(options.output, *tuning, output);
+      !error.ok()) {
+    return ReportError(error.error());
   }
   for (const std::string& line : lines) fmt::print("{}\n", line);
   fmt::print("{}\n", options.output);

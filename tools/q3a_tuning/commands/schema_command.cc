@@ -25,9 +25,10 @@ int RunSchema(const SchemaOptions& options) {
                                     options.table, TableNames()),
                         kExitUsage});
   }
-  if (auto error = WriteOutputFile(options.output, TableJsonSchema(*id),
-                                   {.text = true})) {
-    return ReportError(*error);
+  if (auto error =
+          WriteOutputFile(options.output, TableJsonSchema(*id), {.text = true});
+      !error.ok()) {
+    return ReportError(error.error());
   }
   if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
   return kExitOk;

@@ -82,8 +82,8 @@ Result<std::vector<std::string>> ApplyAssignments(
 }
 
 int RunSet(const SetOptions& options) {
-  if (auto refused = RequireFileOperand(options.input, "set")) {
-    return ReportError(*refused);
+  if (auto refused = RequireFileOperand(options.input, "set"); !refused.ok()) {
+    return ReportError(refused.error());
   }
   const Result<FileFormat> from = InputFormat(options.input, options.from);
   if (!from.ok()) return ReportError(from.error());
@@ -97,8 +97,8 @@ int RunSet(const SetOptions& options) {
   if (!in_place) inputs.push_back(options.input);
   TableFileOptions write{to, options.compact, {.inputs = inputs}};
   write.output.text = to == FileFormat::kJson;
-  if (auto refused = CheckOutputPath(output, write.output)) {
-    return ReportError(*refused);
+  if (auto refused = CheckOutputPath(output, write.output); !refused.ok()) {
+    return ReportError(refused.error());
   }
   // Held until the file is replaced: a parallel edit waits for this one.
   std::optional<EditLock> lock;
@@ -113,8 +113,8 @@ int RunSet(const SetOptions& options) {
   if (!kind.ok()) return ReportError(kind.error());
   return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
-    if (auto error = LoadTableFile(options.input, *from, *table)) {
-      return ReportError(*error);
+    if (auto error = LoadTableFile(options.input, *from, *table); !error.ok()) {
+      return ReportError(error.error());
     }
     typename protomsg::TuningTableTraits<Record>::Message message;
     protomsg::ConvertToMessage(*table, message);

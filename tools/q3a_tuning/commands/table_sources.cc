@@ -97,8 +97,7 @@ Result<TableOperand> ParseTableOperand(std::string_view text,
   return operand;
 }
 
-std::optional<ToolError> RequireFileOperand(std::string_view text,
-                                            std::string_view command) {
+Result<> RequireFileOperand(std::string_view text, std::string_view command) {
   std::string export_command;
   if (text.starts_with("awb:")) {
     const std::string_view rest = text.substr(4);
@@ -107,7 +106,7 @@ std::optional<ToolError> RequireFileOperand(std::string_view text,
   } else if (text.starts_with("defaults:")) {
     export_command = "q3a-tuning export --defaults -o DIR";
   } else {
-    return std::nullopt;
+    return {};
   }
   return ToolError{fmt::format("{}: {} takes a tuning file (.json, .pb, "
                                "or another name with --from), not a "
@@ -119,7 +118,8 @@ std::optional<ToolError> RequireFileOperand(std::string_view text,
 
 Result<FileFormat> InputFormat(const std::string& path,
                                const std::string& from) {
-  if (auto refused = CheckInputFile(path)) return *refused;
+  if (auto refused = CheckInputFile(path); !refused.ok())
+    return refused.error();
   if (from.empty() && !FormatFromPath(path)) {
     return UnknownFormat(path, "give --from json or --from binary");
   }
@@ -162,8 +162,9 @@ Result<qawb::TableId> ResolveTable(const std::string& path, FileFormat format,
   if (!table_option.empty()) {
     const Result<qawb::TableId> kind = ParseTableOption(table_option);
     if (!kind.ok()) return kind;
-    if (auto refused = CheckTableFits(path, *content, format, *kind)) {
-      return *refused;
+    if (auto refused = CheckTableFits(path, *content, format, *kind);
+        !refused.ok()) {
+      return refused.error();
     }
     return kind;
   }
@@ -181,8 +182,8 @@ Result<qawb::TableId> ResolveTable(const std::string& path, FileFormat format,
   return ToolError{fmt::format("{}: {}", path, guess.note)};
 }
 
-std::optional<ToolError> ReadTuningBinaryFile(const std::string& path,
-                                              qawb::MutableQAWBTuning& tuning) {
+Result<> ReadTuningBinaryFile(const std::string& path,
+                              qawb::MutableQAWBTuning& tuning) {
   const Result<TuningBinaryFileInfo> info = InspectTuningBinaryFile(path);
   if (!info.ok()) return info.error();
   if (!info->size_ok) {
@@ -194,7 +195,7 @@ std::optional<ToolError> ReadTuningBinaryFile(const std::string& path,
   if (!tuning.ReadFromFile(path)) {
     return ToolError{path + ": the container refused the file"};
   }
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace q3a_tool

@@ -44,8 +44,7 @@ Result<TableOperand> ParseTableOperand(std::string_view text,
 
 // For commands that take tuning files only: a usage error for a container
 // operand, saying what `command` takes and how to make such a file.
-std::optional<ToolError> RequireFileOperand(std::string_view text,
-                                            std::string_view command);
+Result<> RequireFileOperand(std::string_view text, std::string_view command);
 
 // The format of the input file `path`: `from` if given, else from its name.
 // The file is checked first (input_file.h), so a directory is named as one
@@ -73,8 +72,8 @@ Result<qawb::TableId> ResolveTable(const std::string& path, FileFormat format,
 // plausibility are checked before the container reads, so the user gets the
 // reason on stderr rather than only in the Android log. On failure `tuning`
 // is unchanged.
-std::optional<ToolError> ReadTuningBinaryFile(const std::string& path,
-                                              qawb::MutableQAWBTuning& tuning);
+Result<> ReadTuningBinaryFile(const std::string& path,
+                              qawb::MutableQAWBTuning& tuning);
 
 // The table of an operand: the one it names, else --table or the guess.
 Result<qawb::TableId> OperandKind(const TableOperand& operand,
@@ -83,15 +82,14 @@ Result<qawb::TableId> OperandKind(const TableOperand& operand,
 // Reads the operand's table into `table`: a copy of the container's table,
 // or the file through LoadTableFile. On failure `table` is unchanged.
 template <typename Record>
-std::optional<ToolError> LoadOperand(const TableOperand& operand,
-                                     Record& table) {
+Result<> LoadOperand(const TableOperand& operand, Record& table) {
   if (operand.container != nullptr) {
     const Record* source = qawb::GetTable<Record>(*operand.container);
     if (source == nullptr) {
       return ToolError{operand.name + ": the container has no such table"};
     }
     table = *source;
-    return std::nullopt;
+    return {};
   }
   const Result<FileFormat> format = InputFormat(operand.file, operand.from);
   if (!format.ok()) return format.error();

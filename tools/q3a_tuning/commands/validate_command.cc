@@ -41,8 +41,8 @@ int ValidateOne(const std::string& path, const ValidateOptions& options,
     if (options.json) results.Report(DiagnosticOf(error, path, rule));
     return ReportError(error);
   };
-  if (auto refused = CheckInputFile(path)) {
-    return refuse(*refused, lint_rule::kUnreadable);
+  if (auto refused = CheckInputFile(path); !refused.ok()) {
+    return refuse(refused.error(), lint_rule::kUnreadable);
   }
   const Result<FileFormat> format = ResolveFormat(path, options.format);
   if (!format.ok()) return ReportError(format.error());

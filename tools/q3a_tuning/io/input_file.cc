@@ -15,8 +15,7 @@ ToolError Unreadable(const std::string& path, std::string_view why) {
   return {fmt::format("{}: cannot read the file: {}", path, why), kExitUsage};
 }
 
-std::optional<ToolError> CheckStatus(const std::string& path,
-                                     const struct stat& status) {
+Result<> CheckStatus(const std::string& path, const struct stat& status) {
   if (!S_ISREG(status.st_mode)) {
     return Unreadable(path, fmt::format("it is {}, not a tuning file",
                                         DescribeFileKind(status.st_mode)));
@@ -27,7 +26,7 @@ std::optional<ToolError> CheckStatus(const std::string& path,
                           "tool reads at most {} MiB)",
                           status.st_size, kMaxInputBytes >> 20));
   }
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace
@@ -40,7 +39,7 @@ std::string_view DescribeFileKind(mode_t mode) {
   return "not a regular file";
 }
 
-std::optional<ToolError> CheckInputFile(const std::string& path) {
+Result<> CheckInputFile(const std::string& path) {
   if (path.empty()) return ToolError{"(input): no file name given", kExitUsage};
   struct stat status;
   if (stat(path.c_str(), &status) != 0) {
@@ -50,7 +49,8 @@ std::optional<ToolError> CheckInputFile(const std::string& path) {
 }
 
 Result<std::string> ReadInputFile(const std::string& path) {
-  if (auto refused = CheckInputFile(path)) return *refused;
+  if (auto refused = CheckInputFile(path); !refused.ok())
+    return refused.error();
   // O_NONBLOCK: should the path have become a FIFO since the check, the open
   // does not wait for a writer; fstat then refuses it.
   const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
@@ -61,9 +61,9 @@ Result<std::string> ReadInputFile(const std::string& path) {
     close(fd);
     return Unreadable(path, std::strerror(error));
   }
-  if (auto refused = CheckStatus(path, status)) {
+  if (auto refused = CheckStatus(path, status); !refused.ok()) {
     close(fd);
-    return *refused;
+    return refused.error();
   }
   std::string content;
   content.reserve(static_cast<std::size_t>(status.st_size));

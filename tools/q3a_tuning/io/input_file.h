@@ -22,7 +22,7 @@ inline constexpr std::uintmax_t kMaxInputBytes = std::uintmax_t{64} << 20;
 // Whether `path` may be read: it exists, is (or links to) a regular file and
 // is at most kMaxInputBytes long. The error names the file and carries
 // kExitUsage.
-std::optional<ToolError> CheckInputFile(const std::string& path);
+Result<> CheckInputFile(const std::string& path);
 
 // "a directory", "a device", "a FIFO", "a socket": what a path that is not
 // a regular file names, for messages.

@@ -84,8 +84,7 @@ ToolError Differs(const std::string& path) {
 }
 
 // Text for stdout is verified in memory first, as a file would be.
-std::optional<ToolError> WriteToStdout(std::string_view bytes,
-                                       const OutputOptions& options) {
+Result<> WriteToStdout(std::string_view bytes, const OutputOptions& options) {
   if (options.verify) {
     const int fd = memfd_create("q3a-tuning", MFD_CLOEXEC);
     if (fd < 0) return Failure("(stdout)", std::strerror(errno));
@@ -101,16 +100,15 @@ std::optional<ToolError> WriteToStdout(std::string_view bytes,
   if (const int error = WriteAll(STDOUT_FILENO, bytes)) {
     return Failure("(stdout)", std::strerror(error));
   }
-  return std::nullopt;
+  return {};
 }
 
 // Puts the written, verified temporary in the target's place. A target that
 // was not there is only created, never replaced, unless replacing is what
 // the caller wants anyway.
-std::optional<ToolError> Commit(TemporaryFile& temporary,
-                                const std::string& target,
-                                const std::string& path, bool existed,
-                                const OutputOptions& options) {
+Result<> Commit(TemporaryFile& temporary, const std::string& target,
+                const std::string& path, bool existed,
+                const OutputOptions& options) {
   if (options.unchanged_since && StampOf(target) != options.unchanged_since) {
     return Failure(path, "was changed by another program while this one "
                          "edited it; it is left as it was: run the command "
@@ -124,16 +122,16 @@ std::optional<ToolError> Commit(TemporaryFile& temporary,
   if (error != 0) {
     return WriteFailure(path, WriteFailureCause(error, target), existed);
   }
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace
 
-std::optional<ToolError> CheckOutputPath(const std::string& path,
-                                         const OutputOptions& options) {
+Result<> CheckOutputPath(const std::string& path,
+                         const OutputOptions& options) {
   if (path.empty()) return Failure("(output)", "no file name given");
   if (path == kStdoutPath) {
-    if (options.text) return std::nullopt;
+    if (options.text) return {};
     return ToolError{fmt::format("{}: this output is binary and is not "
                                  "written to stdout: name a file",
                                  path),
@@ -175,18 +173,18 @@ std::optional<ToolError> CheckOutputPath(const std::string& path,
       return WriteFailure(path, WriteFailureCause(errno, resolved), existed);
     }
   }
-  return std::nullopt;
+  return {};
 }
 
-std::optional<ToolError> WriteOutputFile(const std::string& path,
-                                         std::string_view bytes,
-                                         const OutputOptions& options) {
-  if (auto refused = CheckOutputPath(path, options)) return refused;
+Result<> WriteOutputFile(const std::string& path, std::string_view bytes,
+                         const OutputOptions& options) {
+  if (auto refused = CheckOutputPath(path, options); !refused.ok())
+    return refused;
   if (path == kStdoutPath) return WriteToStdout(bytes, options);
   IgnoreFileSizeSignal();
   const std::string target = ResolvedTarget(path);
   const bool existed = access(target.c_str(), F_OK) == 0;
-  if (existed && HoldsExactly(target, bytes)) return std::nullopt;
+  if (existed && HoldsExactly(target, bytes)) return {};
   if (existed && options.keep_differing) return Differs(path);
 
   int error = 0;

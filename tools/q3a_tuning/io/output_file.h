@@ -53,13 +53,12 @@ struct OutputOptions {
 
 // Whether `path` may be written; nothing is written. Lets a command refuse
 // its output before doing any work.
-std::optional<ToolError> CheckOutputPath(const std::string& path,
-                                         const OutputOptions& options = {});
+Result<> CheckOutputPath(const std::string& path,
+                         const OutputOptions& options = {});
 
 // Writes `bytes` to `path` as described above.
-std::optional<ToolError> WriteOutputFile(const std::string& path,
-                                         std::string_view bytes,
-                                         const OutputOptions& options = {});
+Result<> WriteOutputFile(const std::string& path, std::string_view bytes,
+                         const OutputOptions& options = {});
 }  // namespace q3a_tool
 
 #endif  // TOOLS_Q3A_TUNING_IO_OUTPUT_FILE_H_

@@ -4,6 +4,7 @@
 #ifndef TOOLS_Q3A_TUNING_IO_TOOL_ERROR_H_
 #define TOOLS_Q3A_TUNING_IO_TOOL_ERROR_H_
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -22,8 +23,9 @@ struct ToolError {
   int exit_code = kExitFailure;
 };
 
-// A value or the error that prevented it.
-template <typename T>
+// A value or the error that prevented it; Result<> for an operation that
+// gives no value.
+template <typename T = void>
 class [[nodiscard]] Result {
  public:
   Result(T value) : state_(std::move(value)) {}             // NOLINT
@@ -38,6 +40,19 @@ class [[nodiscard]] Result {
 
  private:
   std::variant<T, ToolError> state_;
+};
+
+template <>
+class [[nodiscard]] Result<void> {
+ public:
+  Result() = default;
+  Result(ToolError error) : error_(std::move(error)) {}  // NOLINT
+
+  bool ok() const { return !error_.has_value(); }
+  const ToolError& error() const { return *error_; }
+
+ private:
+  std::optional<ToolError> error_;
 };
 
 }  // namespace q3a_tool

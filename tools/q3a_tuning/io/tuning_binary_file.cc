@@ -24,16 +24,16 @@ std::string ExpectedDump(const qawb::QAWBTuning& tuning) {
 
 }  // namespace
 
-std::optional<ToolError> WriteTuningBinaryFile(
-    const std::string& path, const qawb::MutableQAWBTuning& tuning,
-    const OutputOptions& options) {
+Result<> WriteTuningBinaryFile(const std::string& path,
+                               const qawb::MutableQAWBTuning& tuning,
+                               const OutputOptions& options) {
   const std::string bytes = ExpectedDump(tuning);
   OutputOptions output = options;
   output.text = false;
   output.verify = [&](const std::string& written) -> std::optional<std::string> {
     auto back = std::make_unique<qawb::MutableQAWBTuning>();
     if (back->ReadFromFile(written) && ExpectedDump(*back) == bytes) {
-      return std::nullopt;
+      return {};
     }
     return "the tuning binary file written does not read back as written";
   };

@@ -47,9 +47,9 @@ TuningBinaryFileInfo ReadTuningBinaryHeads(std::string_view content);
 // Writes the container's dump of `tuning` (the four tables' bytes, as the
 // container writes them) to `path` through the output routine, which reads
 // it back with the container's reader before it replaces anything.
-std::optional<ToolError> WriteTuningBinaryFile(
-    const std::string& path, const qawb::MutableQAWBTuning& tuning,
-    const OutputOptions& options);
+Result<> WriteTuningBinaryFile(const std::string& path,
+                               const qawb::MutableQAWBTuning& tuning,
+                               const OutputOptions& options);
 
 }  // namespace q3a_tool
 

@@ -35,12 +35,13 @@ TextPosition PositionOfPath(const JsonValue& document,
 // (input_file.h) and holds this table (CheckTableFits). On failure `table`
 // is unchanged; a file the reader refuses gives DescribeReadFailure.
 template <typename Record>
-std::optional<ToolError> LoadTableFile(const std::string& path,
-                                       FileFormat format, Record& table) {
+Result<> LoadTableFile(const std::string& path, FileFormat format,
+                       Record& table) {
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) return content.error();
   if (auto refused = CheckTableFits(path, *content, format,
-                                    protomsg::TuningTableTraits<Record>::kId)) {
+                                    protomsg::TuningTableTraits<Record>::kId);
+      !refused.ok()) {
     return refused;
   }
   auto scratch = MakeZeroedTable<Record>();
@@ -49,7 +50,7 @@ std::optional<ToolError> LoadTableFile(const std::string& path,
         path, format, protomsg::TuningTableTraits<Record>::kId)};
   }
   table = *scratch;
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace q3a_tool

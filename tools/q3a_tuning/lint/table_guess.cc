@@ -234,9 +234,8 @@ std::string TableMismatch(std::string_view name, qawb::TableId is,
                      TableName(expected));
 }
 
-std::optional<ToolError> CheckTableFits(const std::string& path,
-                                        std::string_view content,
-                                        FileFormat format, qawb::TableId kind) {
+Result<> CheckTableFits(const std::string& path, std::string_view content,
+                        FileFormat format, qawb::TableId kind) {
   const TableGuess guess = GuessTable(content, format);
   if (guess.container_dump) {
     return ToolError{fmt::format("{}: {}", path, guess.note), kExitFailure};
@@ -244,7 +243,7 @@ std::optional<ToolError> CheckTableFits(const std::string& path,
   if (guess.certain && *guess.kind != kind) {
     return ToolError{TableMismatch(path, *guess.kind, kind), kExitFailure};
   }
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace q3a_tool

@@ -35,9 +35,8 @@ std::string TableMismatch(std::string_view name, qawb::TableId is,
 // Refuses `content` of `path` as a `kind` table when it certainly holds
 // another table ("this is a basic table, not a color table") or is a tuning
 // binary file. Exit code 1.
-std::optional<ToolError> CheckTableFits(const std::string& path,
-                                        std::string_view content,
-                                        FileFormat format, qawb::TableId kind);
+Result<> CheckTableFits(const std::string& path, std::string_view content,
+                        FileFormat format, qawb::TableId kind);
 
 }  // namespace q3a_tool
 

@@ -114,10 +114,11 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
     report.unreadable = content.error();
     return report;
   }
-  if (auto refused = CheckTableFits(path, *content, format, kind)) {
+  if (auto refused = CheckTableFits(path, *content, format, kind);
+      !refused.ok()) {
     report.problems.push_back(
         {path, 0, 0, "", lint_rule::kWrongTable,
-         refused->message.substr(path.size() + 2)});
+         refused.error().message.substr(path.size() + 2)});
     return report;
   }
   return qawb::VisitTable(kind, [&]<typename Record>() {
