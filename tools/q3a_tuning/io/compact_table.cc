@@ -54,7 +54,9 @@ void TrimToCounts(Message& message) {
     if (count == nullptr) continue;
     const int value = reflection.GetInt32(message, count);
     // A negative count is a mistake the lint reports; nothing is dropped.
-    if (value >= 0) TruncatePath(message, rule.array_path, value * rule.per_entry);
+    if (value >= 0) {
+      TruncatePath(message, rule.array_path, EntriesFor(rule, value));
+    }
   }
   for (int i = 0; i < descriptor.field_count(); ++i) {
     const FieldDescriptor* field = descriptor.field(i);

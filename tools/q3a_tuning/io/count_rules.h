@@ -4,6 +4,9 @@
 #ifndef TOOLS_Q3A_TUNING_IO_COUNT_RULES_H_
 #define TOOLS_Q3A_TUNING_IO_COUNT_RULES_H_
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <span>
 #include <string_view>
 
@@ -20,6 +23,15 @@ struct CountRule {
   // Array elements per counted entry (a row of the flag matrix is 9 flags).
   int per_entry = 1;
 };
+
+// The array entries `count` stands for, saturated to int: a count read from
+// a damaged file may be any int32.
+inline int EntriesFor(const CountRule& rule, int count) {
+  const std::int64_t entries = std::int64_t{count} * rule.per_entry;
+  return static_cast<int>(std::clamp<std::int64_t>(
+      entries, std::numeric_limits<int>::min(),
+      std::numeric_limits<int>::max()));
+}
 
 // Every rule of the four tables.
 std::span<const CountRule> AllCountRules();

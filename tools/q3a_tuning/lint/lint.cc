@@ -82,7 +82,7 @@ void ResolveArrayPath(const Message& message, std::string_view array_path,
 void CheckCount(const CountRule& rule, int count, const CountedList& list,
                 const std::string& count_path,
                 std::vector<Diagnostic>& findings) {
-  const int expected = count * rule.per_entry;
+  const int expected = EntriesFor(rule, count);
   const int entries_in_use = list.capacity / rule.per_entry;
   if (count < 0) {
     findings.push_back(
@@ -134,7 +134,8 @@ std::optional<int> CountOfList(const Message& message,
     const FieldDescriptor* count =
         descriptor.FindFieldByName(std::string(rule.count_field));
     if (count == nullptr) continue;
-    return message.GetReflection()->GetInt32(message, count) * rule.per_entry;
+    return EntriesFor(rule,
+                      message.GetReflection()->GetInt32(message, count));
   }
   return std::nullopt;
 }
