@@ -11,7 +11,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,6 +22,7 @@
 #include "protomsg/internal/json_writer.h"
 #include "protomsg/internal/message_for.h"
 #include "protomsg/record_conversions.h"
+#include "tests/support/file_bytes.h"
 
 namespace {
 
@@ -65,7 +65,7 @@ struct RecordCheck {
           "protobuf refuses the printed text");
     auto reference = std::make_unique<Record>(*record);
     protomsg::ConvertToStruct(parsed, *reference);
-    Check(std::memcmp(direct.get(), reference.get(), sizeof(Record)) == 0,
+    Check(q3a_test::SameBytes(*direct, *reference),
           "direct read of the printed text differs from protobuf's");
   }
 };

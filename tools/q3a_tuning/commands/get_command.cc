@@ -30,8 +30,9 @@ int RunGet(const GetOptions& options) {
   if (!kind.ok()) return ReportError(kind.error());
   return qawb::VisitTable(*kind, [&]<typename Record>() {
     auto table = MakeZeroedTable<Record>();
-    if (auto error = LoadOperand(*operand, *table); !error.ok())
+    if (auto error = LoadOperand(*operand, *table); !error.ok()) {
       return ReportError(error.error());
+    }
     typename protomsg::TuningTableTraits<Record>::Message message;
     protomsg::ConvertToMessage(*table, message);
     const Result<std::string> value = GetValueJson(message, options.path);

@@ -118,8 +118,9 @@ Result<> RequireFileOperand(std::string_view text, std::string_view command) {
 
 Result<FileFormat> InputFormat(const std::string& path,
                                const std::string& from) {
-  if (auto refused = CheckInputFile(path); !refused.ok())
+  if (auto refused = CheckInputFile(path); !refused.ok()) {
     return refused.error();
+  }
   if (from.empty() && !FormatFromPath(path)) {
     return UnknownFormat(path, "give --from json or --from binary");
   }

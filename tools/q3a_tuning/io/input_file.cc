@@ -49,8 +49,9 @@ Result<> CheckInputFile(const std::string& path) {
 }
 
 Result<std::string> ReadInputFile(const std::string& path) {
-  if (auto refused = CheckInputFile(path); !refused.ok())
+  if (auto refused = CheckInputFile(path); !refused.ok()) {
     return refused.error();
+  }
   // O_NONBLOCK: should the path have become a FIFO since the check, the open
   // does not wait for a writer; fstat then refuses it.
   const int fd = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);

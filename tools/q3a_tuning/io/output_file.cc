@@ -178,8 +178,9 @@ Result<> CheckOutputPath(const std::string& path,
 
 Result<> WriteOutputFile(const std::string& path, std::string_view bytes,
                          const OutputOptions& options) {
-  if (auto refused = CheckOutputPath(path, options); !refused.ok())
+  if (auto refused = CheckOutputPath(path, options); !refused.ok()) {
     return refused;
+  }
   if (path == kStdoutPath) return WriteToStdout(bytes, options);
   IgnoreFileSizeSignal();
   const std::string target = ResolvedTarget(path);

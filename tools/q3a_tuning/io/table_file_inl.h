@@ -88,8 +88,9 @@ Result<std::vector<Diagnostic>> WriteTableFile(
             : fmt::format(" ({}: {} reads as {})", differences[0].path,
                           differences[0].old_value, differences[0].new_value));
   };
-  if (auto error = WriteOutputFile(path, bytes, output); !error.ok())
+  if (auto error = WriteOutputFile(path, bytes, output); !error.ok()) {
     return error.error();
+  }
   return warnings;
 }
 

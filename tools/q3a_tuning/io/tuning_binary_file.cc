@@ -33,7 +33,7 @@ Result<> WriteTuningBinaryFile(const std::string& path,
   output.verify = [&](const std::string& written) -> std::optional<std::string> {
     auto back = std::make_unique<qawb::MutableQAWBTuning>();
     if (back->ReadFromFile(written) && ExpectedDump(*back) == bytes) {
-      return {};
+      return std::nullopt;
     }
     return "the tuning binary file written does not read back as written";
   };
