@@ -9,7 +9,6 @@
 
 #include <bit>
 #include <cstdint>
-
 #include <set>
 #include <string>
 #include <vector>
