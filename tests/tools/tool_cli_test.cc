@@ -377,15 +377,24 @@ std::set<std::string> ReadmeRuleNames() {
   return names;
 }
 
+// The values of `key` ("name", "rule") in validate's --json output.
+std::multiset<std::string> JsonValuesOf(const std::string& key,
+                                        const std::string& json) {
+  std::multiset<std::string> values;
+  const std::regex pattern("\"" + key + "\": \"([a-z-]+)\"");
+  for (std::sregex_iterator it(json.begin(), json.end(), pattern), end;
+       it != end; ++it) {
+    values.insert((*it)[1]);
+  }
+  return values;
+}
+
 TEST_F(ToolCliTest, ListRulesMatchesTheReadmeTable) {
   const ToolResult json = Run({"validate", "--list-rules", "--json"});
   ASSERT_EQ(json.exit_code, 0) << json.err;
-  std::set<std::string> listed;
-  const std::regex name("\"name\": \"([a-z-]+)\"");
-  for (std::sregex_iterator it(json.out.begin(), json.out.end(), name), end;
-       it != end; ++it) {
-    EXPECT_TRUE(listed.insert((*it)[1]).second) << (*it)[1] << " twice";
-  }
+  const std::multiset<std::string> names = JsonValuesOf("name", json.out);
+  const std::set<std::string> listed(names.begin(), names.end());
+  EXPECT_EQ(listed.size(), names.size()) << "a rule is listed twice";
   EXPECT_THAT(listed, testing::Contains("unreadable"));
   EXPECT_EQ(ReadmeRuleNames(), listed);
 
@@ -398,6 +407,70 @@ TEST_F(ToolCliTest, ListRulesMatchesTheReadmeTable) {
     text_names.insert(line.substr(0, line.find(' ')));
   }
   EXPECT_EQ(text_names, listed);
+}
+
+// Every rule validate lists is reported for some file: a rule that no
+// input reaches is a check that has quietly stopped working.
+TEST_F(ToolCliTest, EveryListedRuleIsReportedForSomeFile) {
+  struct RuleInput {
+    const char* rule;
+    const char* text;  // nullptr: the file does not exist
+    std::vector<std::string> args;
+  };
+  const std::vector<RuleInput> inputs = {
+      {"duplicate-key", R"({"initial_cct": 1, "initial_cct": 2})", {}},
+      {"trailing-comma", R"({"initial_cct": 1,})", {}},
+      {"single-quote", R"({'initial_cct': 1})", {}},
+      {"unquoted-key", R"({initial_cct: 1})", {}},
+      {"invalid-escape", R"({"initial\_cct": 1})", {}},
+      {"whitespace", "{\"initial_cct\":\f1}", {}},
+      {"comment", "{/* warm */ \"initial_cct\": 1}", {"--table", "basic"}},
+      {"byte-order-mark",
+       "\xEF\xBB\xBF{\"initial_cct\": 1}",
+       {"--table", "basic"}},
+      {"not-a-number", R"({"initial_gain": {"r_gain": "NaN"}})", {}},
+      {"null", R"({"initial_cct": null})", {}},
+      {"missing-fields", R"({"initial_cct": 1})", {}},
+      {"missing-version", R"({"initial_cct": 1})", {}},
+      {"zero-version", R"({"version": {"major": 0}, "initial_cct": 1})", {}},
+      {"version-mismatch",
+       R"({"version": {"major": 9}, "initial_cct": 1})",
+       {"--key", kKey}},
+      {"empty-object", "{}", {"--table", "color"}},
+      {"all-zero", R"({"version": {"major": 0}})", {"--table", "color"}},
+      {"over-capacity",
+       R"({"golden_module_table": {"golden_module_data":
+           [{}, {}, {}, {}, {}, {}, {}, {}, {}, {}]}})",
+       {}},
+      {"count", R"({"golden_module_table": {"golden_module_number": -1}})", {}},
+      {"frame-summary",
+       R"({"face_tuning_table": {"face_ideal_cct_trust_level_list":
+           {"stats_type": {"target_region": "kQAWBFrameSummaryTypeMax"}}}})",
+       {}},
+      {"narrow-integer",
+       R"({"version": {"major": 70000}})",
+       {"--table", "basic"}},
+      {"rejected", R"({"initial_cct": "warm"})", {"--table", "basic"}},
+      {"wrong-table", R"({"initial_cct": 1})", {"--table", "color"}},
+      {"unreadable", nullptr, {}},
+  };
+  std::set<std::string> reached;
+  for (const RuleInput& input : inputs) {
+    SCOPED_TRACE(input.rule);
+    const std::string path = input.text != nullptr
+                                 ? Write("file.json", input.text)
+                                 : Path("none.json");
+    std::vector<std::string> args = {"validate", path, "--json"};
+    args.insert(args.end(), input.args.begin(), input.args.end());
+    const ToolResult result = Run(args);
+    EXPECT_NE(result.exit_code, 0);
+    EXPECT_THAT(JsonValuesOf("rule", result.out), testing::Contains(input.rule))
+        << result.out << result.err;
+    reached.insert(input.rule);
+  }
+  const std::multiset<std::string> listed =
+      JsonValuesOf("name", Run({"validate", "--list-rules", "--json"}).out);
+  EXPECT_EQ(reached, std::set<std::string>(listed.begin(), listed.end()));
 }
 
 // What scripts rely on: which stream carries what, and the exit code.

@@ -108,10 +108,6 @@ void AddSpecialColours(const qawb::QAWBSpecialColorTuningTable& special,
 TablePlots PlotTable(const qawb::QAWBAdvanceTuningTable& table,
                      const qawb::QAWBAdvanceTuningTable* before,
                      const PlotNames& names) {
-  TablePlots plots;
-  Figure figure;
-  figure.title = internal::FigureTitle("Outdoor and special-colour regions",
-                                       names, before != nullptr);
   Chart points;
   points.title = "Preference points";
   points.x_title = "R/G";
@@ -145,12 +141,11 @@ TablePlots PlotTable(const qawb::QAWBAdvanceTuningTable& table,
     AddSpecialColours(side.table->special_color_tuning_table, side.before,
                       side.suffix, special_chart);
   }
-  for (Chart& chart : regions) figure.panels.push_back(std::move(chart));
+  internal::FigurePanels figure{"Outdoor and special-colour regions",
+                                {regions.begin(), regions.end()}};
   figure.panels.push_back(std::move(special_chart));
   figure.panels.push_back(std::move(points));
-  plots.figures.push_back(std::move(figure));
-  internal::NoteNonFinite(table, before, names, plots);
-  return plots;
+  return internal::MakePlots(table, before, names, {std::move(figure)});
 }
 
 }  // namespace q3a_tool

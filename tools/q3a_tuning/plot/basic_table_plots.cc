@@ -154,7 +154,6 @@ HeatMap IlluminantWeights(const qawb::QAWBBasicTuningTable& table,
 TablePlots PlotTable(const qawb::QAWBBasicTuningTable& table,
                      const qawb::QAWBBasicTuningTable* before,
                      const PlotNames& names) {
-  TablePlots plots;
   Chart plane;
   plane.title = "White points, golden modules and white-point regions";
   plane.x_title = "R/G";
@@ -164,13 +163,10 @@ TablePlots PlotTable(const qawb::QAWBBasicTuningTable& table,
       "Regions: outermost radius in use, 1 table unit drawn as {} R/G-B/G "
       "across the locus",
       kRadiusUnit);
-  Figure figure;
-  figure.title = internal::FigureTitle("White balance", names, before != nullptr);
-  figure.panels.push_back(std::move(plane));
-  figure.panels.push_back(IlluminantWeights(table, before));
-  plots.figures.push_back(std::move(figure));
-  internal::NoteNonFinite(table, before, names, plots);
-  return plots;
+  return internal::MakePlots(
+      table, before, names,
+      {{"White balance",
+        {std::move(plane), IlluminantWeights(table, before)}}});
 }
 
 }  // namespace q3a_tool

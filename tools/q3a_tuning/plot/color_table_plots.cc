@@ -92,8 +92,9 @@ bool InUseAnywhere(const Selection& s, const Selection* before) {
 
 // Every selection of a set, singly or in arrays, named by its field.
 template <typename Set>
-void AddSelections(const Set& set, const Set* before, const std::string& set_name,
-                   bool keep_unused, Figure& figure) {
+std::vector<Panel> Selections(const Set& set, const Set* before,
+                              const std::string& set_name, bool keep_unused) {
+  std::vector<Panel> panels;
   qawb::ForEachFieldPair(set, before != nullptr ? *before : set,
                          [&](const char* name, const auto& field,
                              const auto& old_field) {
@@ -102,7 +103,7 @@ void AddSelections(const Set& set, const Set* before, const std::string& set_nam
                          const std::string& label) {
       const Selection* old_ptr = before != nullptr ? &old : nullptr;
       if (!keep_unused && !InUseAnywhere(s, old_ptr)) return;
-      figure.panels.push_back(SelectionMap(
+      panels.push_back(SelectionMap(
           s, old_ptr,
           fmt::format("CCMs for {} light ({}.{})",
                       internal::Words(std::string_view(name).substr(
@@ -117,6 +118,7 @@ void AddSelections(const Set& set, const Set* before, const std::string& set_nam
       }
     }
   });
+  return panels;
 }
 
 }  // namespace
@@ -124,26 +126,18 @@ void AddSelections(const Set& set, const Set* before, const std::string& set_nam
 TablePlots PlotTable(const qawb::QAWBColorControlTuningTable& table,
                      const qawb::QAWBColorControlTuningTable* before,
                      const PlotNames& names) {
-  TablePlots plots;
   const auto& ccm = table.ccm_tuning_table;
   const auto* old = before != nullptr ? &before->ccm_tuning_table : nullptr;
-  Figure general;
-  general.title = internal::FigureTitle(
-      fmt::format("Colour-correction matrices (MCC {})",
-                  internal::OnOff(ccm.ccm_set.mcc_enable_flag)),
-      names, before != nullptr);
-  AddSelections(ccm.ccm_set, old ? &old->ccm_set : nullptr, "ccm_set", true,
-                general);
-  plots.figures.push_back(std::move(general));
-  Figure face;
-  face.title =
-      internal::FigureTitle("Face colour-correction matrices", names,
-                            before != nullptr);
-  AddSelections(ccm.ccm_set_face, old ? &old->ccm_set_face : nullptr,
-                "ccm_set_face", false, face);
-  if (!face.panels.empty()) plots.figures.push_back(std::move(face));
-  internal::NoteNonFinite(table, before, names, plots);
-  return plots;
+  // The general set shows every selection, the face set those in use.
+  return internal::MakePlots(
+      table, before, names,
+      {{fmt::format("Colour-correction matrices (MCC {})",
+                    internal::OnOff(ccm.ccm_set.mcc_enable_flag)),
+        Selections(ccm.ccm_set, old ? &old->ccm_set : nullptr, "ccm_set",
+                   true)},
+       {"Face colour-correction matrices",
+        Selections(ccm.ccm_set_face, old ? &old->ccm_set_face : nullptr,
+                   "ccm_set_face", false)}});
 }
 
 }  // namespace q3a_tool

@@ -144,20 +144,14 @@ HeatMap DarknessWeights(const Feature& table, const Feature* before) {
 
 TablePlots PlotTable(const Feature& table, const Feature* before,
                      const PlotNames& names) {
-  TablePlots plots;
   const auto sides = internal::Sides(table, before);
-  Figure figure;
-  figure.title = internal::FigureTitle("Face and low-light weights", names,
-                                       before != nullptr);
-  figure.panels.push_back(FaceSizeWeights(sides));
-  figure.panels.push_back(RoiWeights(sides));
+  internal::FigurePanels figure{"Face and low-light weights",
+                                {FaceSizeWeights(sides), RoiWeights(sides)}};
   for (Chart& chart : NoiseWeights(sides)) {
     figure.panels.push_back(std::move(chart));
   }
   figure.panels.push_back(DarknessWeights(table, before));
-  plots.figures.push_back(std::move(figure));
-  internal::NoteNonFinite(table, before, names, plots);
-  return plots;
+  return internal::MakePlots(table, before, names, {std::move(figure)});
 }
 
 }  // namespace q3a_tool

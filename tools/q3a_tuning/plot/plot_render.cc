@@ -107,17 +107,12 @@ void DrawChart(SvgCanvas& svg, const Chart& chart, const Box& cell) {
 
   for (std::size_t i = 0; i < chart.areas.size(); ++i) {
     const Area& area = chart.areas[i];
-    Style s = Stroke(PaletteColour(area.colour), area.before ? 1.2 : 1.6,
-                     area.before);
-    s.fill = PaletteColour(area.colour);
-    s.opacity = area.before ? 0.35 : 0.6;
-    Style outline = s;
-    outline.fill = "none";
-    outline.opacity = 1;
-    Style wash = Fill(PaletteColour(area.colour));
+    const std::string colour = PaletteColour(area.colour);
+    Style wash = Fill(colour);
     wash.opacity = 0.06;
     svg.Path(layout.areas[i], true, wash);
-    svg.Path(layout.areas[i], true, outline);
+    svg.Path(layout.areas[i], true,
+             Stroke(colour, area.before ? 1.2 : 1.6, area.before));
   }
   for (std::size_t i = 0; i < chart.series.size(); ++i) {
     const Series& s = chart.series[i];

@@ -85,11 +85,31 @@ void NoteNonFinite(const Record& table, const Record* before,
   for (Figure& figure : plots.figures) figure.note = note;
 }
 
-inline std::string FigureTitle(std::string_view what, const PlotNames& names,
-                               bool against) {
-  return against ? fmt::format("{}: {} against {}", what, names.table,
-                               names.before)
-                 : fmt::format("{}: {}", what, names.table);
+// A figure before its title names the tables: what it shows, its panels.
+struct FigurePanels {
+  std::string what;
+  std::vector<Panel> panels;
+};
+
+// A table's plots: a figure for each entry with panels, titled "what: table"
+// or "what: table against before", and its non-finite values noted.
+template <typename Record>
+TablePlots MakePlots(const Record& table, const Record* before,
+                     const PlotNames& names,
+                     std::vector<FigurePanels> figures) {
+  TablePlots plots;
+  for (FigurePanels& f : figures) {
+    if (f.panels.empty()) continue;
+    plots.figures.push_back(
+        {.title = before != nullptr
+                      ? fmt::format("{}: {} against {}", f.what, names.table,
+                                    names.before)
+                      : fmt::format("{}: {}", f.what, names.table),
+         .panels = std::move(f.panels),
+         .note = ""});
+  }
+  NoteNonFinite(table, before, names, plots);
+  return plots;
 }
 
 }  // namespace q3a_tool::internal
