@@ -91,7 +91,7 @@ void SetBytes(benchmark::State& state) {
 void DocumentReader(benchmark::State& state) {
   const std::string& text = LargeText();
   for (auto _ : state) {
-    std::vector<q3a_tool::JsonLeniency> leniencies;
+    std::vector<q3a_tool::Diagnostic> leniencies;
     auto document = q3a_tool::ParseJsonDocument(text, &leniencies);
     if (!std::holds_alternative<q3a_tool::JsonDocument>(document)) {
       state.SkipWithError("the document reader refused the file");

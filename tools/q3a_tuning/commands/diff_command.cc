@@ -74,9 +74,8 @@ void PrintJson(const TableOperand& b,
   std::optional<JsonDocument> document;
   if (!b.file.empty() && FormatFromPath(b.file) == FileFormat::kJson) {
     const Result<std::string> content = ReadInputFile(b.file);
-    std::vector<JsonLeniency> leniencies;
     if (content.ok()) {
-      auto parsed = ParseJsonDocument(*content, &leniencies);
+      auto parsed = ParseJsonDocument(*content);
       if (auto* parsed_document = std::get_if<JsonDocument>(&parsed)) {
         document = std::move(*parsed_document);
       }

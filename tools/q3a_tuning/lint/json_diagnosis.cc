@@ -190,13 +190,14 @@ std::optional<JsonLocation> FindSchemaProblem(const JsonValue& root,
 
 JsonLocation LocateJsonFailure(std::string_view text,
                                const Descriptor& descriptor) {
-  std::vector<JsonLeniency> leniencies;
+  std::vector<Diagnostic> leniencies;
   auto parsed = ParseJsonDocument(text, &leniencies);
   // The library stops at the first form it refuses, before any error the
   // reader found further on.
-  for (const JsonLeniency& leniency : leniencies) {
+  for (const Diagnostic& leniency : leniencies) {
     if (!RefusedByTheLibrary(leniency)) continue;
-    return JsonLocation{leniency.position, "",
+    return JsonLocation{{leniency.line, leniency.column},
+                        "",
                         leniency.rule == lint_rule::kComment
                             ? "a comment: JSON has none, and the library's "
                               "reader refuses it"

@@ -61,8 +61,9 @@ class BlockArena {
 
 class JsonDocumentParser {
  public:
-  JsonDocumentParser(std::string_view text, std::vector<JsonLeniency>* notes)
-      : notes_(notes), values_(document_.value_blocks_),
+  JsonDocumentParser(std::string_view text, std::vector<Diagnostic>* notes)
+      : notes_(notes),
+        values_(document_.value_blocks_),
         members_(document_.member_blocks_) {
     document_.text_ = std::make_unique<char[]>(text.size() + 1);
     std::memcpy(document_.text_.get(), text.data(), text.size());
@@ -324,7 +325,12 @@ class JsonDocumentParser {
   }
 
   void Note(const char* rule, TextPosition position, std::string path) {
-    if (notes_ != nullptr) notes_->push_back({position, rule, std::move(path)});
+    if (notes_ != nullptr) {
+      notes_->push_back({.line = position.line,
+                         .column = position.column,
+                         .path = std::move(path),
+                         .rule = rule});
+    }
   }
 
   // "a.b[2]", keys as written; only built when a leniency is noted.
@@ -386,7 +392,7 @@ class JsonDocumentParser {
   }
 
   JsonDocument document_;
-  std::vector<JsonLeniency>* notes_;
+  std::vector<Diagnostic>* notes_;
   BlockArena<JsonValue> values_;
   BlockArena<JsonMember> members_;
   std::vector<JsonValue> value_stack_;
@@ -401,7 +407,7 @@ class JsonDocumentParser {
   JsonSyntaxError error_;
 };
 
-bool RefusedByTheLibrary(const JsonLeniency& leniency) {
+bool RefusedByTheLibrary(const Diagnostic& leniency) {
   return leniency.rule == lint_rule::kComment ||
          leniency.rule == lint_rule::kByteOrderMark;
 }
@@ -424,7 +430,7 @@ bool JsonKeyMatches(std::string_view key, std::string_view field_name) {
 }
 
 std::variant<JsonDocument, JsonSyntaxError> ParseJsonDocument(
-    std::string_view text, std::vector<JsonLeniency>* leniencies) {
+    std::string_view text, std::vector<Diagnostic>* leniencies) {
   return JsonDocumentParser(text, leniencies).Parse();
 }
 

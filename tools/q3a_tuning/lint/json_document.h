@@ -26,6 +26,8 @@
 #include <variant>
 #include <vector>
 
+#include "tools/q3a_tuning/io/diagnostic.h"
+
 namespace q3a_tool {
 
 struct TextPosition {
@@ -116,28 +118,23 @@ struct JsonSyntaxError {
   std::string reason;
 };
 
-// A form protobuf's JSON parser takes but JSON does not have, or one it
-// refuses although JSON tools commonly skip it.
-struct JsonLeniency {
-  TextPosition position;
-  // Taken: "trailing-comma", "single-quote", "unquoted-key",
-  // "invalid-escape", "whitespace". Refused: "comment", "byte-order-mark".
-  std::string rule;
-  // The value concerned, keys as written: the member or element before a
-  // trailing comma, the quoted string's member or element, the member of
-  // the key, the member or element being read at a comment or whitespace.
-  // Empty for the whole document.
-  std::string path;
-};
-
-// Whether the library's reader refuses a text that holds this form.
-bool RefusedByTheLibrary(const JsonLeniency& leniency);
-
-// Parses `text` as one JSON value with nothing but whitespace after it,
-// recording each leniency it reads past in `leniencies` if given. The
+// Parses `text` as one JSON value with nothing but whitespace after it. The
 // document holds its own copy of `text`.
+//
+// With `leniencies`, each form read past that protobuf's JSON parser takes
+// but JSON lacks ("trailing-comma", "single-quote", "unquoted-key",
+// "invalid-escape", "whitespace"), or that it refuses although JSON tools
+// commonly skip it ("comment", "byte-order-mark"), is recorded as a
+// diagnostic of that rule with its line and column and, keys as written,
+// the path of the value concerned: the member or element before a trailing
+// comma, the quoted string's member or element, the member of the key, the
+// member or element being read at a comment or whitespace; empty for the
+// whole document. The message is left to the caller.
 std::variant<JsonDocument, JsonSyntaxError> ParseJsonDocument(
-    std::string_view text, std::vector<JsonLeniency>* leniencies = nullptr);
+    std::string_view text, std::vector<Diagnostic>* leniencies = nullptr);
+
+// Whether the library's reader refuses a text that holds this leniency.
+bool RefusedByTheLibrary(const Diagnostic& leniency);
 
 // Whether a JSON object key names the schema field `field_name`: protobuf
 // takes the snake_case name and the lowerCamelCase JSON name, exactly.

@@ -243,16 +243,16 @@ class DocumentLinter {
 }  // namespace
 
 std::vector<Diagnostic> LintJsonDocument(
-    const JsonValue& root, const std::vector<JsonLeniency>& leniencies,
+    const JsonValue& root, const std::vector<Diagnostic>& leniencies,
     const Descriptor& table) {
   std::vector<Diagnostic> findings;
-  for (const JsonLeniency& leniency : leniencies) {
+  for (const Diagnostic& leniency : leniencies) {
     findings.push_back(LintFinding(
         SchemaPath(leniency.path, table),
         fmt::format("{}: the library's reader takes it, but other JSON tools "
                     "refuse the file",
                     LeniencyText(leniency.rule)),
-        leniency.rule, leniency.position));
+        leniency.rule, TextPosition{leniency.line, leniency.column}));
   }
   std::vector<Diagnostic> document = DocumentLinter().Run(root, table);
   findings.insert(findings.end(), document.begin(), document.end());

@@ -19,7 +19,7 @@ namespace q3a_tool {
 // `table` message, read in tolerant mode with `leniencies`. Every finding
 // has a position.
 std::vector<Diagnostic> LintJsonDocument(
-    const JsonValue& root, const std::vector<JsonLeniency>& leniencies,
+    const JsonValue& root, const std::vector<Diagnostic>& leniencies,
     const google::protobuf::Descriptor& table);
 
 }  // namespace q3a_tool

@@ -136,7 +136,7 @@ ValidationReport ValidateTableFile(const std::string& path, FileFormat format,
     std::optional<JsonDocument> document;
     bool has_version = message.has_version();
     if (format == FileFormat::kJson) {
-      std::vector<JsonLeniency> leniencies;
+      std::vector<Diagnostic> leniencies;
       auto parsed = ParseJsonDocument(*content, &leniencies);
       if (auto* parsed_document = std::get_if<JsonDocument>(&parsed)) {
         document = std::move(*parsed_document);
