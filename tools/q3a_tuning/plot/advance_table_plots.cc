@@ -46,11 +46,8 @@ std::vector<XY> RegionBox(const qawb::QAWBCCTRegionData& r) {
 }
 
 Chart RegionChart(std::string title) {
-  Chart chart;
-  chart.title = std::move(title);
-  chart.x_title = "CCT (K)";
-  chart.y_title = "radius (table units)";
-  return chart;
+  return internal::TitledChart(std::move(title), "CCT (K)",
+                               "radius (table units)");
 }
 
 template <typename Set>
@@ -108,10 +105,7 @@ void AddSpecialColours(const qawb::QAWBSpecialColorTuningTable& special,
 TablePlots PlotTable(const qawb::QAWBAdvanceTuningTable& table,
                      const qawb::QAWBAdvanceTuningTable* before,
                      const PlotNames& names) {
-  Chart points;
-  points.title = "Preference points";
-  points.x_title = "R/G";
-  points.y_title = "B/G";
+  Chart points = internal::TitledChart("Preference points", "R/G", "B/G");
   std::vector<Chart> regions;
   const auto sides = internal::Sides(table, before);
   for (const auto& side : sides) {

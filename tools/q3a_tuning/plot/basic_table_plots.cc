@@ -143,10 +143,11 @@ HeatMap IlluminantWeights(const qawb::QAWBBasicTuningTable& table,
   map.column_title = "CCT (K)";
   map.value_title = "weight";
   map.wide = InUse(w.cct_number, w.cct_list) > 16;
-  const GridSource now = IlluminantGrid(w);
-  if (before == nullptr) return WeightGrid(std::move(map), now, nullptr);
-  const GridSource old = IlluminantGrid(before->illuminant_weight_table);
-  return WeightGrid(std::move(map), now, &old);
+  return WeightGrid(
+      std::move(map), IlluminantGrid(w),
+      before != nullptr
+          ? std::optional(IlluminantGrid(before->illuminant_weight_table))
+          : std::nullopt);
 }
 
 }  // namespace
@@ -154,10 +155,8 @@ HeatMap IlluminantWeights(const qawb::QAWBBasicTuningTable& table,
 TablePlots PlotTable(const qawb::QAWBBasicTuningTable& table,
                      const qawb::QAWBBasicTuningTable* before,
                      const PlotNames& names) {
-  Chart plane;
-  plane.title = "White points, golden modules and white-point regions";
-  plane.x_title = "R/G";
-  plane.y_title = "B/G";
+  Chart plane = internal::TitledChart(
+      "White points, golden modules and white-point regions", "R/G", "B/G");
   for (const auto& side : internal::Sides(table, before)) AddPlane(side, plane);
   plane.note = fmt::format(
       "Regions: outermost radius in use, 1 table unit drawn as {} R/G-B/G "

@@ -19,9 +19,8 @@ using internal::InUse;
 using Feature = qawb::QAWBFeatureTuningTable;
 
 Chart FaceSizeWeights(const std::vector<internal::Side<Feature>>& sides) {
-  Chart chart;
-  chart.x_title = "face size (ratio threshold)";
-  chart.y_title = "weight";
+  Chart chart =
+      internal::TitledChart("", "face size (ratio threshold)", "weight");
   for (const auto& side : sides) {
     const auto& w = side.table->face_tuning_table.weighted_average_facecct;
     chart.title = fmt::format(
@@ -48,15 +47,13 @@ std::vector<Chart> NoiseWeights(
   ForEachField(kShape, [&](const char* name, const auto&) {
     const std::string_view n(name);
     if (!n.ends_with("_noise_weight_list")) return;
-    Chart chart;
-    chart.title = fmt::format(
-        "Low-light noise weights, {} ({})", n.substr(0, n.find('_')),
-        internal::OnOff(sides.back()
-                            .table->low_light_tuning_table
-                            .stats_noise_weight_tuning.enable_flag));
-    chart.x_title = "pixel value";
-    chart.y_title = "weight";
-    charts.push_back(std::move(chart));
+    charts.push_back(internal::TitledChart(
+        fmt::format(
+            "Low-light noise weights, {} ({})", n.substr(0, n.find('_')),
+            internal::OnOff(sides.back()
+                                .table->low_light_tuning_table
+                                .stats_noise_weight_tuning.enable_flag)),
+        "pixel value", "weight"));
   });
   for (const auto& side : sides) {
     const auto& noise =
@@ -90,9 +87,8 @@ std::vector<Chart> NoiseWeights(
 }
 
 Chart RoiWeights(const std::vector<internal::Side<Feature>>& sides) {
-  Chart chart;
-  chart.x_title = "radius (ratio of the frame)";
-  chart.y_title = "weight";
+  Chart chart =
+      internal::TitledChart("", "radius (ratio of the frame)", "weight");
   for (const auto& side : sides) {
     const auto& roi = side.table->low_light_tuning_table.stats_roi_weight_tuning;
     chart.title = fmt::format("Low-light region-of-interest weights ({})",
@@ -133,11 +129,12 @@ HeatMap DarknessWeights(const Feature& table, const Feature* before) {
   map.row_title = "BV (table value)";
   map.column_title = "luma Y";
   map.value_title = "weight";
-  const GridSource now = DarknessGrid(d);
-  if (before == nullptr) return WeightGrid(std::move(map), now, nullptr);
-  const GridSource old = DarknessGrid(
-      before->low_light_tuning_table.stats_darkness_weight_tuning);
-  return WeightGrid(std::move(map), now, &old);
+  return WeightGrid(
+      std::move(map), DarknessGrid(d),
+      before != nullptr
+          ? std::optional(DarknessGrid(
+                before->low_light_tuning_table.stats_darkness_weight_tuning))
+          : std::nullopt);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "awb_records/record_description.h"
@@ -27,6 +28,16 @@ inline int InUse(int count, std::size_t capacity) {
 template <typename T, std::size_t N>
 int InUse(int count, const T (&)[N]) {
   return InUse(count, N);
+}
+
+// An empty chart with its titles.
+inline Chart TitledChart(std::string title, std::string x_title,
+                         std::string y_title) {
+  Chart chart;
+  chart.title = std::move(title);
+  chart.x_title = std::move(x_title);
+  chart.y_title = std::move(y_title);
+  return chart;
 }
 
 inline std::string OnOff(int flag) { return flag != 0 ? "on" : "off"; }

@@ -3,7 +3,7 @@
 namespace q3a_tool {
 
 HeatMap WeightGrid(HeatMap map, const GridSource& now,
-                   const GridSource* before) {
+                   const std::optional<GridSource>& before) {
   for (int c = 0; c < now.columns; ++c) {
     map.column_labels.push_back(now.column_label(c));
   }
@@ -12,7 +12,7 @@ HeatMap WeightGrid(HeatMap map, const GridSource& now,
     auto& values = map.values.emplace_back();
     for (int c = 0; c < now.columns; ++c) values.push_back(now.value(r, c));
   }
-  if (before == nullptr) return map;
+  if (!before) return map;
   for (int r = 0; r < now.rows; ++r) {
     auto& changed = map.changed.emplace_back();
     for (int c = 0; c < now.columns; ++c) {

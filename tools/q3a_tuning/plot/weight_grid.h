@@ -7,6 +7,7 @@
 #define TOOLS_Q3A_TUNING_PLOT_WEIGHT_GRID_H_
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "tools/q3a_tuning/plot/plot_model.h"
@@ -21,10 +22,10 @@ struct GridSource {
   std::function<std::string(int column)> column_label;
 };
 
-// `map` holds the titles; rows, labels, values and changed cells are filled
-// in. `before` may be null.
+// `map` holds the titles; rows, labels, values and changed cells (against
+// `before`, when given) are filled in.
 HeatMap WeightGrid(HeatMap map, const GridSource& now,
-                   const GridSource* before);
+                   const std::optional<GridSource>& before);
 
 }  // namespace q3a_tool
 
