@@ -12,6 +12,7 @@ endif()
 if(Q3A_COVERAGE)
   add_compile_options(--coverage -O0 -fprofile-update=atomic)
   add_link_options(--coverage)
+  add_compile_definitions(Q3A_COVERAGE)
 endif()
 
 # Warnings as errors on our own code (generated protobuf code stays out).

@@ -16,6 +16,9 @@ fail() {
   failures=$((failures + 1))
 }
 
+# The built script is what the tool writes now.
+diff -q <("${tool[@]}" completion bash) "$script" >/dev/null ||
+  fail "$script is not what '${tool[*]} completion bash' writes"
 # shellcheck disable=SC1090
 source "$script"
 

@@ -1,6 +1,7 @@
 #include "tools/q3a_tuning/io/output_file.h"
 
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <grp.h>
 #include <gtest/gtest.h>
@@ -19,6 +20,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/child_exit.h"
 #include "tests/support/device_node.h"
 #include "tests/support/file_bytes.h"
 #include "tools/q3a_tuning/io/temporary_file.h"
@@ -49,7 +51,7 @@ std::string InChild(const std::function<std::string()>& body) {
     close(pipe_fds[0]);
     const std::string out = body();
     (void)!write(pipe_fds[1], out.data(), out.size());
-    _exit(0);
+    q3a_test::ExitChild(0);
   }
   close(pipe_fds[1]);
   std::string out;
@@ -115,6 +117,33 @@ TEST(WriteOutputFile, AFailedVerificationKeepsTheOldFile) {
             target + ": came out short; the file is left as it was");
   EXPECT_EQ(q3a_test::ReadFile(target), "old");
   EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.bin"});
+}
+
+// Where the file system has no unnamed files, a named temporary beside the
+// target carries the write: replacing, creating and a failed verification
+// leave nothing else behind.
+TEST(WriteOutputFile, NamedTemporariesReplaceCreateAndClearUp) {
+  q3a_test::ScopedTempDir dir;
+  const std::string old_file = dir.File("old.json");
+  q3a_test::WriteFile(old_file, "old");
+  const std::string report = InChild([&] {
+    internal::ForceNamedTemporaries();
+    const bool refused =
+        !WriteOutputFile(old_file, "unverified",
+                         {.verify =
+                              [](const std::string&) {
+                                return std::optional<std::string>("short");
+                              }})
+             .ok();
+    const bool replaced = WriteOutputFile(old_file, "replaced").ok();
+    const bool created = WriteOutputFile(dir.File("new.json"), "created").ok();
+    return fmt::format("{} {} {}", refused, replaced, created);
+  });
+  EXPECT_EQ(report, "true true true");
+  EXPECT_EQ(q3a_test::ReadFile(old_file), "replaced");
+  EXPECT_EQ(q3a_test::ReadFile(dir.File("new.json")), "created");
+  EXPECT_EQ(Listing(dir.path()),
+            (std::vector<std::string>{"new.json", "old.json"}));
 }
 
 // Each case makes a target that must be refused, with the words the message
@@ -365,7 +394,7 @@ TEST_P(InterruptedWrite, LeavesOnlyTheOldFile) {
           pause();
           return std::optional<std::string>();
         }});
-    _exit(0);
+    q3a_test::ExitChild(0);
   }
   char byte;
   ASSERT_EQ(read(ready[0], &byte, 1), 1);

@@ -36,15 +36,15 @@ inline std::string ToolCommand(const std::vector<std::string>& args) {
   return command;
 }
 
-// `file_size_limit` > 0 runs the tool under `ulimit -f` (in the shell's
-// blocks) to cut its writes short.
+// `file_size_limit` > 0 runs the tool under a soft `ulimit -f` (in the
+// shell's blocks) to cut its writes short.
 inline ToolResult RunTool(const std::vector<std::string>& args,
                           const std::string& scratch,
                           int file_size_limit = 0) {
   std::string command = ToolCommand(args);
   if (file_size_limit > 0) {
-    command = "ulimit -f " + std::to_string(file_size_limit) + "; exec " +
-              command;
+    command =
+        "ulimit -S -f " + std::to_string(file_size_limit) + "; exec " + command;
   }
   const std::string out = scratch + "/.stdout";
   const std::string err = scratch + "/.stderr";
