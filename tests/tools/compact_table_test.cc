@@ -42,6 +42,23 @@ TEST(CompactTable, DropsEntriesPastTheCountAndZeroTails) {
   }
 }
 
+// A trailing -0 is not a zero tail: a binary file keeps its sign.
+TEST(CompactTable, KeepsATrailingNegativeZero) {
+  q3a_test::ScopedTempDir dir;
+  auto table = MakeZeroedTable<qawb::QAWBColorControlTuningTable>();
+  auto& natural = table->ccm_tuning_table.ccm_set.ccm_selection_set_natural;
+  natural.bv_number = 1;
+  natural.ccm_selection_bv_list[0].cct_number = 1;
+  natural.ccm_selection_bv_list[0].region_list[0].ccm_value.offset[2] = -0.0f;
+  const std::string path = dir.File("color.pb");
+  ASSERT_TRUE(
+      WriteTableFile(path, *table, {FileFormat::kBinary, /*compact=*/true})
+          .ok());
+  auto read = MakeZeroedTable<qawb::QAWBColorControlTuningTable>();
+  ASSERT_TRUE(ReadTableFile(path, FileFormat::kBinary, *read));
+  EXPECT_EQ(std::memcmp(read.get(), table.get(), sizeof(*read)), 0);
+}
+
 TEST(CompactTable, KeepsEveryModelEntryOfTheFeatureTable) {
   // The override loader fills bipolar_factor of the model entries a file
   // lacks with -1; a zero entry left out would not load as zero.

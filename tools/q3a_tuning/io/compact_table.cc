@@ -2,6 +2,8 @@
 
 #include <google/protobuf/util/message_differencer.h>
 
+#include <bit>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -79,28 +81,18 @@ bool SameScalar(const Message& a, const Message& b,
     case FieldDescriptor::CPPTYPE_INT32:
       return ra.GetRepeatedInt32(a, &field, index) ==
              rb.GetRepeatedInt32(b, &field, index);
-    case FieldDescriptor::CPPTYPE_UINT32:
-      return ra.GetRepeatedUInt32(a, &field, index) ==
-             rb.GetRepeatedUInt32(b, &field, index);
-    case FieldDescriptor::CPPTYPE_INT64:
-      return ra.GetRepeatedInt64(a, &field, index) ==
-             rb.GetRepeatedInt64(b, &field, index);
-    case FieldDescriptor::CPPTYPE_UINT64:
-      return ra.GetRepeatedUInt64(a, &field, index) ==
-             rb.GetRepeatedUInt64(b, &field, index);
-    case FieldDescriptor::CPPTYPE_FLOAT:
-      return ra.GetRepeatedFloat(a, &field, index) ==
-             rb.GetRepeatedFloat(b, &field, index);
-    case FieldDescriptor::CPPTYPE_DOUBLE:
-      return ra.GetRepeatedDouble(a, &field, index) ==
-             rb.GetRepeatedDouble(b, &field, index);
+    case FieldDescriptor::CPPTYPE_FLOAT:  // by bits: -0 is not 0
+      return std::bit_cast<std::uint32_t>(
+                 ra.GetRepeatedFloat(a, &field, index)) ==
+             std::bit_cast<std::uint32_t>(
+                 rb.GetRepeatedFloat(b, &field, index));
     case FieldDescriptor::CPPTYPE_BOOL:
       return ra.GetRepeatedBool(a, &field, index) ==
              rb.GetRepeatedBool(b, &field, index);
     case FieldDescriptor::CPPTYPE_ENUM:
       return ra.GetRepeatedEnumValue(a, &field, index) ==
              rb.GetRepeatedEnumValue(b, &field, index);
-    default:
+    default:  // not in the schema (IsEditableFieldType)
       return false;
   }
 }
