@@ -90,6 +90,24 @@ class MutableQAWBTuningTest : public testing::Test {
         tuning.ReadFromTable(&basic_, &advance_, &color_control_, &feature_));
   }
 
+  // Reads `path` into a container of the patterned tables, expecting a
+  // refusal that changes no table and logs one error line; returns that
+  // line without its line number.
+  std::string RefusedReadLine(const std::string& path) {
+    MutableQAWBTuning tuning;
+    LoadPatternedTables(tuning);
+    const std::string before = TableBytes(tuning);
+    EXPECT_FALSE(tuning.ReadFromFile(path));
+    EXPECT_EQ(TableBytes(tuning), before);
+    if (lines_.size() != 1u) {
+      ADD_FAILURE() << lines_.size() << " lines logged";
+      return "";
+    }
+    EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);
+    EXPECT_EQ(lines_[0].tag, program_invocation_short_name);
+    return WithoutLineNumber(lines_[0].message);
+  }
+
   q3a_test::ScopedTempDir dir_;
   std::vector<LogLine> lines_;
   QAWBBasicTuningTable basic_;
@@ -201,17 +219,8 @@ TEST_P(WrongSizeTest, IsRejectedWholeAndLogged) {
   const std::string path = PathOf("wrong_size.bin");
   ASSERT_TRUE(q3a_test::WriteFile(path, bytes));
   std::filesystem::resize_file(path, size);  // larger sizes stay sparse
-  MutableQAWBTuning tuning;
-  LoadPatternedTables(tuning);
-  const std::string before = TableBytes(tuning);
-
-  EXPECT_FALSE(tuning.ReadFromFile(path));
-  EXPECT_EQ(TableBytes(tuning), before);
-  ASSERT_EQ(lines_.size(), 1u);
-  EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);
-  EXPECT_EQ(lines_[0].tag, program_invocation_short_name);
   // The log prints the size as a 32-bit int.
-  EXPECT_EQ(WithoutLineNumber(lines_[0].message),
+  EXPECT_EQ(RefusedReadLine(path),
             "Tuning: mutable_qawb_tuning.cc:N] ReadFromFile: The size of "
             "tuning binary file does not match ideal file "
             "size.ideal_file_size=" +
@@ -253,15 +262,7 @@ class UnreadablePathTest : public MutableQAWBTuningTest,
 TEST_P(UnreadablePathTest, IsRefusedAndLoggedOnce) {
   const UnreadablePath& c = GetParam();
   const std::string path = c.file != nullptr ? PathOf(c.file) : "";
-  MutableQAWBTuning tuning;
-  LoadPatternedTables(tuning);
-  const std::string before = TableBytes(tuning);
-
-  EXPECT_FALSE(tuning.ReadFromFile(path));
-  EXPECT_EQ(TableBytes(tuning), before);
-  ASSERT_EQ(lines_.size(), 1u);
-  EXPECT_EQ(lines_[0].priority, ANDROID_LOG_ERROR);
-  const std::string line = WithoutLineNumber(lines_[0].message);
+  const std::string line = RefusedReadLine(path);
   EXPECT_THAT(line, testing::StartsWith(
                         "Tuning: mutable_qawb_tuning.cc:N] ReadFromFile: " +
                         std::string(c.logged)));
