@@ -66,6 +66,12 @@ class ReportInBrowser : public ToolTest {
     ASSERT_EQ(result.out, report_ + "\n");
   }
 
+  // Runs chromium over the report with `flags`, for the file it writes.
+  void Chromium(const std::string& flags) {
+    std::string out, log;
+    EXPECT_EQ(RunChromium(dir_, report_, flags, out, log), 0) << log;
+  }
+
   std::string report_;
 };
 
@@ -96,12 +102,7 @@ TEST_F(ReportInBrowser, LoadsWithoutConsoleMessagesAndHasEverySection) {
 
 TEST_F(ReportInBrowser, ScreenshotIsAPictureNotABlankPage) {
   const std::string png = Path("report.png");
-  std::string out, log;
-  ASSERT_EQ(RunChromium(dir_, report_,
-                        "--screenshot='" + png + "' --window-size=1280,2000",
-                        out, log),
-            0)
-      << log;
+  Chromium("--screenshot='" + png + "' --window-size=1280,2000");
   const std::optional<Image> image = DecodePng(ReadFile(png));
   ASSERT_TRUE(image.has_value()) << "not a PNG of a known kind: " << png;
   EXPECT_EQ(image->width, 1280u);
@@ -120,12 +121,7 @@ TEST_F(ReportInBrowser, ScreenshotIsAPictureNotABlankPage) {
 
 TEST_F(ReportInBrowser, PrintsToPdf) {
   const std::string pdf = Path("report.pdf");
-  std::string out, log;
-  ASSERT_EQ(RunChromium(dir_, report_,
-                        "--no-pdf-header-footer --print-to-pdf='" + pdf + "'",
-                        out, log),
-            0)
-      << log;
+  Chromium("--no-pdf-header-footer --print-to-pdf='" + pdf + "'");
   const std::string bytes = ReadFile(pdf);
   EXPECT_TRUE(bytes.starts_with("%PDF-")) << pdf;
   EXPECT_GT(bytes.size(), 20000u);
