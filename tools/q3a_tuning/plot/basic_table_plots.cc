@@ -136,18 +136,15 @@ GridSource IlluminantGrid(const qawb::QAWBIlluminantWeight& w) {
 HeatMap IlluminantWeights(const qawb::QAWBBasicTuningTable& table,
                           const qawb::QAWBBasicTuningTable* before) {
   const auto& w = table.illuminant_weight_table;
-  HeatMap map;
-  map.title = fmt::format("Illuminant weights by BV and CCT ({})",
-                          internal::OnOff(w.enable_flag));
-  map.row_title = "BV (table value)";
-  map.column_title = "CCT (K)";
-  map.value_title = "weight";
-  map.wide = InUse(w.cct_number, w.cct_list) > 16;
-  return WeightGrid(
-      std::move(map), IlluminantGrid(w),
+  HeatMap map = WeightGrid(
+      fmt::format("Illuminant weights by BV and CCT ({})",
+                  internal::OnOff(w.enable_flag)),
+      "CCT (K)", IlluminantGrid(w),
       before != nullptr
           ? std::optional(IlluminantGrid(before->illuminant_weight_table))
           : std::nullopt);
+  map.wide = InUse(w.cct_number, w.cct_list) > 16;
+  return map;
 }
 
 }  // namespace

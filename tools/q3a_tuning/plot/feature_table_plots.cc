@@ -123,14 +123,10 @@ GridSource DarknessGrid(const qawb::QAWBStatsDarknessWeight& d) {
 
 HeatMap DarknessWeights(const Feature& table, const Feature* before) {
   const auto& d = table.low_light_tuning_table.stats_darkness_weight_tuning;
-  HeatMap map;
-  map.title = fmt::format("Low-light darkness weights by BV and luma ({})",
-                          internal::OnOff(d.enable_flag));
-  map.row_title = "BV (table value)";
-  map.column_title = "luma Y";
-  map.value_title = "weight";
   return WeightGrid(
-      std::move(map), DarknessGrid(d),
+      fmt::format("Low-light darkness weights by BV and luma ({})",
+                  internal::OnOff(d.enable_flag)),
+      "luma Y", DarknessGrid(d),
       before != nullptr
           ? std::optional(DarknessGrid(
                 before->low_light_tuning_table.stats_darkness_weight_tuning))

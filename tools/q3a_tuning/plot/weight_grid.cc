@@ -1,9 +1,17 @@
 #include "tools/q3a_tuning/plot/weight_grid.h"
 
+#include <utility>
+
 namespace q3a_tool {
 
-HeatMap WeightGrid(HeatMap map, const GridSource& now,
+HeatMap WeightGrid(std::string title, std::string column_title,
+                   const GridSource& now,
                    const std::optional<GridSource>& before) {
+  HeatMap map;
+  map.title = std::move(title);
+  map.row_title = "BV (table value)";
+  map.column_title = std::move(column_title);
+  map.value_title = "weight";
   for (int c = 0; c < now.columns; ++c) {
     map.column_labels.push_back(now.column_label(c));
   }

@@ -22,9 +22,10 @@ struct GridSource {
   std::function<std::string(int column)> column_label;
 };
 
-// `map` holds the titles; rows, labels, values and changed cells (against
-// `before`, when given) are filled in.
-HeatMap WeightGrid(HeatMap map, const GridSource& now,
+// The heat map `title` of weights by BV row (table value) and by column
+// (`column_title`), with the cells that differ from `before`, when given.
+HeatMap WeightGrid(std::string title, std::string column_title,
+                   const GridSource& now,
                    const std::optional<GridSource>& before);
 
 }  // namespace q3a_tool
