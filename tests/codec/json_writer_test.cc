@@ -40,10 +40,7 @@ std::string Print(const Record& record) {
   return text;
 }
 
-template <typename Pair>
-class JsonPrinter : public ::testing::Test {};
-TYPED_TEST_SUITE(JsonPrinter, q3a_test::AllRecordPairs,
-                 q3a_test::RecordPairName);
+Q3A_RECORD_PAIR_TEST_SUITE(JsonPrinter);
 
 TYPED_TEST(JsonPrinter, MatchesMessageToJsonString) {
   using Record = typename TypeParam::Record;

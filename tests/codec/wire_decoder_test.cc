@@ -37,10 +37,7 @@ void ExpectDecodesLikeProtobuf(const std::string& bytes) {
   EXPECT_TRUE(SameBytes(*decoded, *expected));
 }
 
-template <typename Pair>
-class WireDecoder : public ::testing::Test {};
-TYPED_TEST_SUITE(WireDecoder, q3a_test::AllRecordPairs,
-                 q3a_test::RecordPairName);
+Q3A_RECORD_PAIR_TEST_SUITE(WireDecoder);
 
 TYPED_TEST(WireDecoder, DecodesEncodedRecordsOnTheCanonicalPath) {
   using Record = typename TypeParam::Record;

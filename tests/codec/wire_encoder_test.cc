@@ -18,10 +18,7 @@ namespace {
 using protomsg::internal::EncodeRecord;
 using q3a_test::ReferenceEncode;
 
-template <typename Pair>
-class WireEncoder : public ::testing::Test {};
-TYPED_TEST_SUITE(WireEncoder, q3a_test::AllRecordPairs,
-                 q3a_test::RecordPairName);
+Q3A_RECORD_PAIR_TEST_SUITE(WireEncoder);
 
 TYPED_TEST(WireEncoder, MatchesSerializeOfConvertedMessage) {
   using Record = typename TypeParam::Record;

@@ -16,10 +16,7 @@ namespace {
 
 using google::protobuf::FieldDescriptor;
 
-template <typename Pair>
-class RecordSchema : public ::testing::Test {};
-TYPED_TEST_SUITE(RecordSchema, q3a_test::AllRecordPairs,
-                 q3a_test::RecordPairName);
+Q3A_RECORD_PAIR_TEST_SUITE(RecordSchema);
 
 template <typename Field>
 void ExpectKindMatches(const FieldDescriptor& descriptor) {

@@ -52,4 +52,11 @@ struct RecordPairName {
 
 }  // namespace q3a_test
 
+// Declares the typed test suite Suite over every record pair, its cases
+// named after the record.
+#define Q3A_RECORD_PAIR_TEST_SUITE(Suite)  \
+  template <typename Pair>                 \
+  class Suite : public ::testing::Test {}; \
+  TYPED_TEST_SUITE(Suite, q3a_test::AllRecordPairs, q3a_test::RecordPairName)
+
 #endif  // TESTS_SUPPORT_RECORD_PAIRS_H_
