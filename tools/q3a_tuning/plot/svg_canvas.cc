@@ -4,39 +4,12 @@
 
 #include <cstdint>
 
+#include "tools/q3a_tuning/io/utf8.h"
+
 namespace q3a_tool {
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
-// Length of the well-formed UTF-8 sequence at `text[i]`, or 0.
-std::size_t Utf8Length(std::string_view text, std::size_t i) {
-  const auto byte = [&](std::size_t k) {
-    return static_cast<std::uint8_t>(text[k]);
-  };
-  const std::uint8_t lead = byte(i);
-  std::size_t length = 0;
-  std::uint32_t min = 0;
-  if (lead >= 0xC2 && lead <= 0xDF) {
-    length = 2, min = 0x80;
-  } else if (lead >= 0xE0 && lead <= 0xEF) {
-    length = 3, min = 0x800;
-  } else if (lead >= 0xF0 && lead <= 0xF4) {
-    length = 4, min = 0x10000;
-  } else {
-    return 0;
-  }
-  if (i + length > text.size()) return 0;
-  std::uint32_t code = lead & (0x7F >> length);
-  for (std::size_t k = 1; k < length; ++k) {
-    if ((byte(i + k) & 0xC0) != 0x80) return 0;
-    code = (code << 6) | (byte(i + k) & 0x3F);
-  }
-  if (code < min || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) {
-    return 0;
-  }
-  return length;
-}
 
 std::string_view AnchorName(Anchor anchor) {
   switch (anchor) {
@@ -70,7 +43,7 @@ std::string XmlEscape(std::string_view text) {
     const char c = text[i];
     const auto byte = static_cast<std::uint8_t>(c);
     if (byte >= 0x80) {
-      const std::size_t length = Utf8Length(text, i);
+      const std::size_t length = Utf8SequenceLength(text.substr(i));
       if (length == 0) {
         out += kReplacement;
         ++i;
