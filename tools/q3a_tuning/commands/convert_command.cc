@@ -69,7 +69,7 @@ int RunConvert(const ConvertOptions& options) {
         WriteTableFile(options.output, *table, write);
     if (!warnings.ok()) return ReportError(warnings.error());
     diagnostics.Report(*warnings);
-    if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
+    ReportWritten(options.output);
     return kExitOk;
   });
 }

@@ -33,4 +33,17 @@ int ReportError(const ToolError& error) {
   return error.exit_code;
 }
 
+void ReportWritten(const std::string& path) {
+  if (path != kStdoutPath) fmt::print("{}\n", path);
+}
+
+int WriteAndReport(const std::string& path, std::string_view bytes,
+                   const OutputOptions& options, int exit_code) {
+  if (auto error = WriteOutputFile(path, bytes, options); !error.ok()) {
+    return ReportError(error.error());
+  }
+  ReportWritten(path);
+  return exit_code;
+}
+
 }  // namespace q3a_tool

@@ -5,9 +5,12 @@
 #define TOOLS_Q3A_TUNING_COMMANDS_DIAGNOSTIC_SINK_H_
 
 #include <cstdio>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "tools/q3a_tuning/io/diagnostic.h"
+#include "tools/q3a_tuning/io/output_file.h"
 
 namespace q3a_tool {
 
@@ -38,6 +41,15 @@ class DiagnosticSink {
 
 // Reports `error` on stderr through the sink; returns its exit code.
 int ReportError(const ToolError& error);
+
+// Names a command's output file on stdout, where scripts read it; nothing
+// for stdout itself.
+void ReportWritten(const std::string& path);
+
+// Writes a command's one output file (WriteOutputFile) and names it; returns
+// `exit_code`, or the error's once reported.
+int WriteAndReport(const std::string& path, std::string_view bytes,
+                   const OutputOptions& options, int exit_code = kExitOk);
 
 }  // namespace q3a_tool
 

@@ -99,13 +99,9 @@ int RunPlot(const PlotOptions& options) {
     const TablePlots plots =
         PlotTable(*table, against ? before.get() : nullptr, names);
     DiagnosticSink().Report(plots.findings);
-    if (auto error = WriteOutputFile(options.output,
-                                     StackFiguresSvg(plots.figures), output);
-        !error.ok()) {
-      return ReportError(error.error());
-    }
-    if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
-    return plots.findings.empty() ? kExitOk : kExitFailure;
+    return WriteAndReport(options.output, StackFiguresSvg(plots.figures),
+                          output,
+                          plots.findings.empty() ? kExitOk : kExitFailure);
   });
 }
 

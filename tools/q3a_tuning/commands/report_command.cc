@@ -170,13 +170,7 @@ int RunReport(const ReportOptions& options) {
         });
     if (!failure.ok()) return ReportError(failure.error());
   }
-  if (auto error =
-          WriteOutputFile(options.output, RenderHtmlReport(data), output);
-      !error.ok()) {
-    return ReportError(error.error());
-  }
-  if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
-  return kExitOk;
+  return WriteAndReport(options.output, RenderHtmlReport(data), output);
 }
 
 }  // namespace

@@ -25,13 +25,7 @@ int RunSchema(const SchemaOptions& options) {
                                     options.table, TableNames()),
                         kExitUsage});
   }
-  if (auto error =
-          WriteOutputFile(options.output, TableJsonSchema(*id), {.text = true});
-      !error.ok()) {
-    return ReportError(error.error());
-  }
-  if (options.output != kStdoutPath) fmt::print("{}\n", options.output);
-  return kExitOk;
+  return WriteAndReport(options.output, TableJsonSchema(*id), {.text = true});
 }
 
 }  // namespace

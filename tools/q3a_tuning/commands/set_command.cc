@@ -133,7 +133,7 @@ int RunSet(const SetOptions& options) {
     for (const std::string& change : *changes) {
       fmt::print(report, "{}\n", change);
     }
-    if (output != kStdoutPath) fmt::print("{}\n", output);
+    ReportWritten(output);
     return kExitOk;
   });
 }
