@@ -1,5 +1,6 @@
 #include "tools/q3a_tuning/lint/json_document.h"
 
+#include <gmock/gmock.h>
 #include <google/protobuf/util/json_util.h>
 #include <gtest/gtest.h>
 
@@ -101,6 +102,7 @@ struct SchemaCase {
   const char* path;  // null: the document fits
   int line;
   int column;
+  const char* detail = "";  // what the tool says is wrong there
 };
 
 class JsonSchemaProblemTest : public testing::TestWithParam<SchemaCase> {};
@@ -119,6 +121,7 @@ TEST_P(JsonSchemaProblemTest, FindsTheFirstValueTheBasicTableRejects) {
   EXPECT_EQ(problem->path, GetParam().path);
   EXPECT_EQ(problem->position.line, GetParam().line);
   EXPECT_EQ(problem->position.column, GetParam().column);
+  EXPECT_THAT(problem->detail, testing::HasSubstr(GetParam().detail));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -141,14 +144,21 @@ INSTANTIATE_TEST_SUITE_P(
                    ": {\"stats_type\": {\"target_region\": 3}}}}",
                    nullptr, 0, 0},
         // Wrong kinds of value.
-        SchemaCase{"{\"initial_cct\": \"warm\"}", "initial_cct", 1, 17},
-        SchemaCase{"{\"initial_cct\": 1.5}", "initial_cct", 1, 17},
-        SchemaCase{"{\"initial_cct\": 3000000000}", "initial_cct", 1, 17},
-        SchemaCase{"{\"initial_gain\": [1]}", "initial_gain", 1, 18},
+        SchemaCase{"{\"initial_cct\": \"warm\"}", "initial_cct", 1, 17,
+                   "expected an integer"},
+        SchemaCase{"{\"initial_cct\": 1.5}", "initial_cct", 1, 17,
+                   "not a fraction"},
+        SchemaCase{"{\"initial_cct\": 3000000000}", "initial_cct", 1, 17,
+                   "does not fit 32 bits"},
+        SchemaCase{"{\"initial_gain\": {\"r_gain\": \"high\"}}",
+                   "initial_gain.r_gain", 1, 29, "expected a number"},
+        SchemaCase{"{\"initial_gain\": [1]}", "initial_gain", 1, 18,
+                   "expected an object"},
         SchemaCase{"{\"illuminant_weight_table\": {\"cct_list\": 5}}",
                    "illuminant_weight_table.cct_list", 1, 42},
         SchemaCase{"{\"luminance_weight_table\": {\"mask_list\": [true, 1]}}",
-                   "luminance_weight_table.mask_list[1]", 1, 49},
+                   "luminance_weight_table.mask_list[1]", 1, 49,
+                   "expected true or false"},
         // What protobuf accepts besides plain values.
         SchemaCase{"{\"initial_cct\": \"4100\", \"initial_gain\": {\"r_gain\": "
                    "\"NaN\"}, \"flash\": null}",
