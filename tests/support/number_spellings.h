@@ -150,6 +150,12 @@ class NumberSpeller {
     if (mantissa.size() > 1 && mantissa[0] == '0' && mantissa[1] != '.') {
       mantissa[0] = '1';
     }
+    if (Choose(0, 7) == 0) {  // past any int: 1e99999999999999999999
+      std::string text = Choose(0, 1) ? "e" : "E";
+      if (Choose(0, 2) > 0) text += Choose(0, 1) ? "-" : "+";
+      text += std::string(Choose(0, 2), '0');
+      return sign + mantissa + text + Digits(Choose(4, 25), true);
+    }
     return sign + mantissa + Exponent(Choose(-400, 400));
   }
 
