@@ -131,15 +131,40 @@ INSTANTIATE_TEST_SUITE_P(
                     "expected an integer"},
         RefusedEdit{"NarrowField", "version.major", "65536",
                     "does not fit the record's field (0..65535)"},
-        RefusedEdit{"PastCapacity", "illuminant_weight_table.cct_list[36]",
-                    "1", "holds 36 entries"},
+        RefusedEdit{"PastCapacity", "illuminant_weight_table.cct_list[36]", "1",
+                    "holds 36 entries"},
         RefusedEdit{"NotFinite", "initial_gain.r_gain", "inf",
                     "expected a finite number"},
         RefusedEdit{"WholeList", "illuminant_weight_table.cct_list", "1",
                     "set one entry"},
         RefusedEdit{"SubTable", "initial_gain", "1", "set its fields"},
-        RefusedEdit{"IndexOnAValue", "initial_cct[0]", "1", "not a list"}),
+        RefusedEdit{"IndexOnAValue", "initial_cct[0]", "1", "not a list"},
+        RefusedEdit{"IndexNotANumber", "illuminant_weight_table.cct_list[x]",
+                    "1", "'cct_list[x]' is not NAME or NAME[INDEX]"},
+        RefusedEdit{"NegativeIndex", "illuminant_weight_table.cct_list[-1]",
+                    "1", "is not NAME or NAME[INDEX]"},
+        RefusedEdit{"ThroughAValue", "initial_cct.warm", "1",
+                    "initial_cct is a value, not a table"},
+        RefusedEdit{"ListWithoutIndex",
+                    "reference_point_list.reference_point_list.cct", "1",
+                    "is a list: give an index, reference_point_list[0]"},
+        RefusedEdit{"NotAFlag", "luminance_weight_table.mask_list[0]", "yes",
+                    "expected true or false"},
+        RefusedEdit{"KindInOtherCase",
+                    "grey_final_trust_level_list.bv_stats_trust_info."
+                    "stats_type.target_region",
+                    "kQAWBFrameSummaryTypegrey",
+                    "is not a value of QAWBFrameSummaryType; did you mean "
+                    "kQAWBFrameSummaryTypeGrey?"}),
     [](const auto& info) { return info.param.name; });
+
+TEST(TableEdit, GetRefusesAnEntryPastTheList) {
+  qawb::tuning::QAWBBasicTuningTable table;
+  const Result<std::string> value =
+      GetValueJson(table, "illuminant_weight_table.cct_list[3]");
+  ASSERT_FALSE(value.ok());
+  EXPECT_THAT(value.error().message, HasSubstr("cct_list has 0 entries"));
+}
 
 // Edits the library takes without a word: an entry no count reaches, a
 // count past the capacity. Entries are counted through nested lists and
