@@ -49,11 +49,16 @@ void DrawPanelTitle(SvgCanvas& svg, const Box& cell, const std::string& title) {
            {.size = 13, .colour = "#111", .bold = true});
 }
 
-void DrawNoData(SvgCanvas& svg, const Box& area) {
-  Style frame = Stroke("#bbb", 1, true);
-  svg.Rect(area, frame);
+// Draws a panel's title and, if it has no data, says so in `area`; returns
+// whether there is data to draw.
+bool DrawPanelHead(SvgCanvas& svg, const Box& cell, const std::string& title,
+                   bool empty, const Box& area) {
+  DrawPanelTitle(svg, cell, title);
+  if (!empty) return true;
+  svg.Rect(area, Stroke("#bbb", 1, true));
   svg.Text({area.left + area.width / 2, area.top + area.height / 2}, "no data",
            {.size = 14, .anchor = Anchor::kMiddle, .colour = "#777"});
+  return false;
 }
 
 void DrawLegend(SvgCanvas& svg, const std::vector<LegendItem>& legend) {
@@ -78,9 +83,7 @@ void DrawLegend(SvgCanvas& svg, const std::vector<LegendItem>& legend) {
 
 void DrawChart(SvgCanvas& svg, const Chart& chart, const Box& cell) {
   const ChartLayout layout = LayoutChart(chart, cell);
-  DrawPanelTitle(svg, cell, chart.title);
-  if (layout.empty) {
-    DrawNoData(svg, layout.frame);
+  if (!DrawPanelHead(svg, cell, chart.title, layout.empty, layout.frame)) {
     return;
   }
   const Box& f = layout.frame;
@@ -141,9 +144,7 @@ std::string TextColourOn(const std::string& hex) {
 
 void DrawHeatMap(SvgCanvas& svg, const HeatMap& map, const Box& cell) {
   const HeatMapLayout layout = LayoutHeatMap(map, cell);
-  DrawPanelTitle(svg, cell, map.title);
-  if (layout.empty) {
-    DrawNoData(svg, layout.grid);
+  if (!DrawPanelHead(svg, cell, map.title, layout.empty, layout.grid)) {
     return;
   }
   const Box& g = layout.grid;

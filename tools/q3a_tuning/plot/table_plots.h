@@ -13,10 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "awb_records/qawb_advance_tuning_table.h"
-#include "awb_records/qawb_basic_tuning_table.h"
-#include "awb_records/qawb_color_control_tuning_table.h"
-#include "awb_records/qawb_feature_tuning_table.h"
+#include "awb_records/tuning_tables.h"
 #include "tools/q3a_tuning/io/diagnostic.h"
 #include "tools/q3a_tuning/plot/plot_model.h"
 
@@ -36,19 +33,14 @@ struct TablePlots {
   std::vector<Diagnostic> findings;
 };
 
-// `before` is null for a single table.
-TablePlots PlotTable(const qawb::QAWBBasicTuningTable& table,
-                     const qawb::QAWBBasicTuningTable* before,
-                     const PlotNames& names);
-TablePlots PlotTable(const qawb::QAWBAdvanceTuningTable& table,
-                     const qawb::QAWBAdvanceTuningTable* before,
-                     const PlotNames& names);
-TablePlots PlotTable(const qawb::QAWBColorControlTuningTable& table,
-                     const qawb::QAWBColorControlTuningTable* before,
-                     const PlotNames& names);
-TablePlots PlotTable(const qawb::QAWBFeatureTuningTable& table,
-                     const qawb::QAWBFeatureTuningTable* before,
-                     const PlotNames& names);
+// One overload per table of the table list; `before` is null for a single
+// table.
+#define Q3A_INTERNAL_DECLARE_PLOT_TABLE(Id, Stem, name, load_position) \
+  TablePlots PlotTable(const qawb::QAWB##Stem& table,                  \
+                       const qawb::QAWB##Stem* before,                 \
+                       const PlotNames& names);
+QAWB_TUNING_TABLES(Q3A_INTERNAL_DECLARE_PLOT_TABLE)
+#undef Q3A_INTERNAL_DECLARE_PLOT_TABLE
 
 }  // namespace q3a_tool
 
