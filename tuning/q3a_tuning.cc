@@ -91,16 +91,15 @@ NodeTuningMap camera_session_parameters_table = {
     {{0, -1, -1, -1, -1}, &camera_session_parameters},
 };
 
-qaf::CDAFTuningStructure cdaf_gn1_binning_preview(
-    qt::cdaf_gn1_binning_preview::kName,
-    qt::cdaf_gn1_binning_preview::kFirstConfig,
-    qt::cdaf_gn1_binning_preview::kSecondConfig);
-qaf::CDAFTuningStructure cdaf_gn1_preview(qt::cdaf_gn1_preview::kName,
-                                          qt::cdaf_gn1_preview::kFirstConfig,
-                                          qt::cdaf_gn1_preview::kSecondConfig);
-qaf::CDAFTuningStructure cdaf_imx586_preview(
-    qt::cdaf_imx586_preview::kName, qt::cdaf_imx586_preview::kFirstConfig,
-    qt::cdaf_imx586_preview::kSecondConfig);
+// Each contrast-detect and autofocus record is built from the namespace of
+// the tuning header it is named after.
+#define Q3A_CDAF_TUNING(header)                                                \
+  qaf::CDAFTuningStructure header(qt::header::kName, qt::header::kFirstConfig, \
+                                  qt::header::kSecondConfig)
+Q3A_CDAF_TUNING(cdaf_gn1_binning_preview);
+Q3A_CDAF_TUNING(cdaf_gn1_preview);
+Q3A_CDAF_TUNING(cdaf_imx586_preview);
+#undef Q3A_CDAF_TUNING
 
 NodeTuningMap cdaf_table = {
     {{0, 1, 1, 0, -1}, &cdaf_gn1_preview},
@@ -144,22 +143,15 @@ NodeTuningMap ae_table = {
     {{3, -1, 1, 2, -1}, &qt::ae::kTeleVideo},
 };
 
-qaf::QAFTuningStructure af_gn1_preview(qt::af_gn1_preview::kName,
-                                       qt::af_gn1_preview::kParamsHead,
-                                       qt::af_gn1_preview::kLevelTable,
-                                       qt::af_gn1_preview::kParamsTail);
-qaf::QAFTuningStructure af_gn1_video(qt::af_gn1_video::kName,
-                                     qt::af_gn1_video::kParamsHead,
-                                     qt::af_gn1_video::kLevelTable,
-                                     qt::af_gn1_video::kParamsTail);
-qaf::QAFTuningStructure af_imx586_preview(qt::af_imx586_preview::kName,
-                                          qt::af_imx586_preview::kParamsHead,
-                                          qt::af_imx586_preview::kLevelTable,
-                                          qt::af_imx586_preview::kParamsTail);
-qaf::QAFTuningStructure af_imx586_video(qt::af_imx586_video::kName,
-                                        qt::af_imx586_video::kParamsHead,
-                                        qt::af_imx586_video::kLevelTable,
-                                        qt::af_imx586_video::kParamsTail);
+#define Q3A_AF_TUNING(header)                                                \
+  qaf::QAFTuningStructure header(qt::header::kName, qt::header::kParamsHead, \
+                                 qt::header::kLevelTable,                    \
+                                 qt::header::kParamsTail)
+Q3A_AF_TUNING(af_gn1_preview);
+Q3A_AF_TUNING(af_gn1_video);
+Q3A_AF_TUNING(af_imx586_preview);
+Q3A_AF_TUNING(af_imx586_video);
+#undef Q3A_AF_TUNING
 
 NodeTuningMap af_table = {
     {{1, -1, 1, 0, -1}, &af_gn1_preview},
