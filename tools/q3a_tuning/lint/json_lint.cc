@@ -16,6 +16,8 @@ using google::protobuf::Descriptor;
 using google::protobuf::FieldDescriptor;
 using Type = JsonValue::Type;
 
+// What a leniency the library's reader takes is: a trailing comma, single
+// quotes, an unquoted key, an escape JSON lacks, or odd whitespace.
 std::string_view LeniencyText(std::string_view rule) {
   if (rule == lint_rule::kTrailingComma) {
     return "a comma before the closing bracket";
@@ -26,11 +28,7 @@ std::string_view LeniencyText(std::string_view rule) {
     return "a backslash before a character JSON does not escape (the "
            "library's reader keeps the character)";
   }
-  if (rule == lint_rule::kWhitespace) {
-    return "a form feed or vertical tab as space";
-  }
-  if (rule == lint_rule::kComment) return "a comment";
-  return "a byte-order mark";
+  return "a form feed or vertical tab as space";
 }
 
 const FieldDescriptor* FieldOfKey(const Descriptor& descriptor,
@@ -247,6 +245,8 @@ std::vector<Diagnostic> LintJsonDocument(
     const Descriptor& table) {
   std::vector<Diagnostic> findings;
   for (const Diagnostic& leniency : leniencies) {
+    // A form the library refuses is the reader's refusal, not a finding.
+    if (RefusedByTheLibrary(leniency)) continue;
     findings.push_back(LintFinding(
         SchemaPath(leniency.path, table),
         fmt::format("{}: the library's reader takes it, but other JSON tools "
