@@ -77,12 +77,15 @@ fuzz: deps
 
 # Line and branch coverage of the library and of the tool, with Debian's
 # gcovr, in a build of its own (see scripts/coverage-report). Counts from an
-# earlier run are removed first; the tests must pass.
+# earlier run are removed before the build (the tool runs during it, and
+# counts of a recompiled object no longer match) and after it; the tests
+# must pass.
 COVERAGE_DIR ?= build-coverage
 coverage:
 	@scripts/install-deps coverage
 	@cmake -S . -B $(COVERAGE_DIR) -G Ninja -DCMAKE_BUILD_TYPE=Release \
 		-DQ3A_COVERAGE=ON -DQ3A_BUILD_BENCHMARKS=OFF $(CMAKE_FLAGS) >/dev/null
+	@find $(COVERAGE_DIR) -name '*.gcda' -delete
 	@cmake --build $(COVERAGE_DIR)
 	@find $(COVERAGE_DIR) -name '*.gcda' -delete
 	@ctest --test-dir $(COVERAGE_DIR) --output-on-failure -j 2
