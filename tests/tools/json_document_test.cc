@@ -150,6 +150,11 @@ INSTANTIATE_TEST_SUITE_P(
                    "not a fraction"},
         SchemaCase{"{\"initial_cct\": 3000000000}", "initial_cct", 1, 17,
                    "does not fit 32 bits"},
+        // Quoted, as protobuf also takes integers.
+        SchemaCase{"{\"initial_cct\": \"1.5\"}", "initial_cct", 1, 17,
+                   "not a fraction"},
+        SchemaCase{"{\"initial_cct\": \"-3000000000\"}", "initial_cct", 1, 17,
+                   "does not fit 32 bits"},
         SchemaCase{"{\"initial_gain\": {\"r_gain\": \"high\"}}",
                    "initial_gain.r_gain", 1, 29, "expected a number"},
         SchemaCase{"{\"initial_gain\": [1]}", "initial_gain", 1, 18,

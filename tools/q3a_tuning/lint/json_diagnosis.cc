@@ -42,12 +42,8 @@ std::optional<double> NumberOf(const JsonValue& value) {
 bool ScalarFits(const JsonValue& value, const FieldDescriptor& field,
                 std::string& detail) {
   switch (field.cpp_type()) {
-    case FieldDescriptor::CPPTYPE_INT32:
-    case FieldDescriptor::CPPTYPE_INT64:
-    case FieldDescriptor::CPPTYPE_UINT32:
-    case FieldDescriptor::CPPTYPE_UINT64: {
-      if (field.cpp_type() == FieldDescriptor::CPPTYPE_INT32 &&
-          value.type() == Type::kNumber) {
+    case FieldDescriptor::CPPTYPE_INT32: {  // the schema's only integers
+      if (value.type() == Type::kNumber) {
         // Unquoted, as the library reads it.
         const auto number = protomsg::internal::ParseJsonNumber(value.text());
         if (number && protomsg::internal::JsonNumberToInt32(*number)) {
@@ -71,9 +67,8 @@ bool ScalarFits(const JsonValue& value, const FieldDescriptor& field,
         detail = "expected an integer, not a fraction";
         return false;
       }
-      if (field.cpp_type() == FieldDescriptor::CPPTYPE_INT32 &&
-          (*number < std::numeric_limits<std::int32_t>::min() ||
-           *number > std::numeric_limits<std::int32_t>::max())) {
+      if (*number < std::numeric_limits<std::int32_t>::min() ||
+          *number > std::numeric_limits<std::int32_t>::max()) {
         detail = "integer does not fit 32 bits";
         return false;
       }
@@ -88,8 +83,6 @@ bool ScalarFits(const JsonValue& value, const FieldDescriptor& field,
         detail = "beyond the range of a float";
         return false;
       }
-      [[fallthrough]];
-    case FieldDescriptor::CPPTYPE_DOUBLE:
       if (NumberOf(value) ||
           (value.type() == Type::kString && IsFloatWord(value.text()))) {
         return true;
@@ -110,11 +103,7 @@ bool ScalarFits(const JsonValue& value, const FieldDescriptor& field,
                            field.enum_type()->name(),
                            SuggestEnumValue(value.text(), *field.enum_type()));
       return false;
-    case FieldDescriptor::CPPTYPE_STRING:
-      if (value.type() == Type::kString) return true;
-      detail = "expected a string";
-      return false;
-    case FieldDescriptor::CPPTYPE_MESSAGE:
+    default:  // a message: the schema has no other kinds (IsEditableFieldType)
       break;
   }
   detail = "expected an object";
