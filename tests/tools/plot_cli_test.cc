@@ -56,17 +56,18 @@ TEST_P(PlotTableTest, DrawsEveryTableAndOverlaysAnother) {
 
 INSTANTIATE_TEST_SUITE_P(
     Tables, PlotTableTest,
-    testing::Values(
-        PlotCase{"basic",
-                 {">R/G<", ">B/G<", ">CCT (K)<", ">BV (table value)<",
-                  ">weight<", "region at BV"}},
-        PlotCase{"color", {"CCMs for natural light", ">coefficient<"}},
-        PlotCase{"advance",
-                 {"outdoor region", "Special colours", "Preference points",
-                  ">radius (table units)<"}},
-        PlotCase{"feature",
-                 {"weight by face size", "noise weights, red",
-                  "darkness weights"}}),
+    testing::Values(PlotCase{"basic",
+                             {">R/G<", ">B/G<", ">CCT (K)<",
+                              ">BV (table value)<", ">weight<", "region at BV",
+                              ">reference white points<", ">golden modules<"}},
+                    PlotCase{"color",
+                             {"CCMs for natural light", ">coefficient<"}},
+                    PlotCase{"advance",
+                             {"outdoor region", "Special colours",
+                              "Preference points", ">radius (table units)<"}},
+                    PlotCase{"feature",
+                             {"weight by face size", "noise weights, red",
+                              "darkness weights"}}),
     [](const auto& info) { return info.param.table; });
 
 class PlotCliTest : public ToolTest {
