@@ -160,16 +160,6 @@ TEST_F(MutableQAWBTuningTest, FileRoundTripRestoresEveryByte) {
   EXPECT_TRUE(lines_.empty());
 }
 
-TEST_F(MutableQAWBTuningTest, FreshContainerSurvivesRoundTrip) {
-  MutableQAWBTuning tuning;
-  const std::string before = TableBytes(tuning);
-  const std::string path = PathOf("defaults.bin");
-  tuning.WriteToFile(path);
-  ASSERT_TRUE(tuning.ReadFromFile(path));
-  EXPECT_EQ(TableBytes(tuning), before);
-  EXPECT_EQ(q3a_test::ReadFile(path), before);
-}
-
 TEST_F(MutableQAWBTuningTest, FileHoldsTheTablesBackToBack) {
   MutableQAWBTuning tuning;
   LoadPatternedTables(tuning);
