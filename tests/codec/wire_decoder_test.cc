@@ -219,4 +219,22 @@ INSTANTIATE_TEST_SUITE_P(
         RawCase{"nested_end_group", Bytes({0x12, 0x01, 0x0C})}),
     [](const auto& info) { return std::string(info.param.name); });
 
+// ccm (9 packed floats) and offset (3 packed floats).
+using ColorMatrix = RawInput<qawb::QAWBColorCorrectMatrix>;
+TEST_P(ColorMatrix, DecodesLikeProtobuf) {
+  ExpectDecodesLikeProtobuf<qawb::QAWBColorCorrectMatrix>(GetParam().bytes);
+}
+INSTANTIATE_TEST_SUITE_P(
+    Floats, ColorMatrix,
+    ::testing::Values(
+        RawCase{"packed_length_not_whole_floats",
+                Bytes({0x0A, 0x05, 0x00, 0x00, 0x80, 0x3F, 0x00})},
+        RawCase{"packed_three_bytes", Bytes({0x0A, 0x03, 0x00, 0x00, 0x80})},
+        RawCase{"packed_four_of_three",
+                Bytes({0x12, 0x10, 0, 0, 0x80, 0x3F, 0, 0, 0, 0x40, 0, 0, 0x40,
+                       0x40, 0, 0, 0x80, 0x40})},
+        RawCase{"unpacked_float", Bytes({0x15, 0x00, 0x00, 0x80, 0x3F})},
+        RawCase{"unpacked_cut_float", Bytes({0x15, 0x00, 0x00})}),
+    [](const auto& info) { return std::string(info.param.name); });
+
 }  // namespace

@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <string>
 
+#include "tests/support/record_pairs.h"
+#include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
 #include "tools/q3a_tuning/io/table_file.h"
 
@@ -74,6 +76,25 @@ TEST(CompactTable, KeepsEveryModelEntryOfTheFeatureTable) {
   ASSERT_TRUE(ReadTableFile(dir.File("f.json"), FileFormat::kJson, *loaded));
   for (const auto& model : loaded->asd_aggregator_tuning_table.model_tuning) {
     EXPECT_EQ(model.bipolar_factor, 0.0f);
+  }
+}
+
+// Every field set: each kind of list entry (integer, float, bool, enum,
+// record) ends some uncounted list, and the compact form must keep every
+// entry that is not zero. The writer reads the file back and refuses a
+// difference.
+template <typename Table>
+class CompactPatterned : public ::testing::Test {};
+TYPED_TEST_SUITE(CompactPatterned, q3a_test::AllTables);
+
+TYPED_TEST(CompactPatterned, ReadsBackAsMeantInBothFormats) {
+  q3a_test::ScopedTempDir dir;
+  const auto table = q3a_test::MakeRecord<TypeParam>(5);
+  for (FileFormat format : {FileFormat::kJson, FileFormat::kBinary}) {
+    const auto written =
+        WriteTableFile(dir.File("t" + std::string(FileExtension(format))),
+                       *table, {format, /*compact=*/true});
+    EXPECT_TRUE(written.ok()) << written.error().message;
   }
 }
 

@@ -62,20 +62,6 @@ std::string NodeName(NodeType node) {
   return std::to_string(static_cast<int>(node));
 }
 
-std::optional<NodeType> ParseNodeName(std::string_view text) {
-  for (const auto& [value, name] : kNodeNames) {
-    if (name == text) return value;
-  }
-  int number = 0;
-  const auto [end, error] =
-      std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size() ||
-      text.empty()) {
-    return std::nullopt;
-  }
-  return static_cast<NodeType>(number);
-}
-
 std::optional<q3a_api::TuningKey> ParseTuningKey(std::string_view text) {
   std::int32_t fields[5];
   const char* at = text.data();

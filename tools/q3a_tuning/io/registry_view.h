@@ -22,9 +22,6 @@ namespace q3a_tool {
 // "camera_session_parameters"; the number for any other node type.
 std::string NodeName(q3a_api::NodeType node);
 
-// A node name as above, or its number.
-std::optional<q3a_api::NodeType> ParseNodeName(std::string_view text);
-
 // Five comma-separated integers in key order: use_case, sensor_mode,
 // camera_position, lens_type, reserved ("0,-1,1,0,-1").
 std::optional<q3a_api::TuningKey> ParseTuningKey(std::string_view text);
