@@ -64,6 +64,15 @@ inline std::optional<double> Strtod(std::string_view token) {
   return value;
 }
 
+// std::from_chars over the whole of `token`: its error, or invalid_argument
+// where it stops short of the end.
+template <typename T>
+std::errc FromCharsWhole(std::string_view token, T& value) {
+  const char* const end = token.data() + token.size();
+  const auto [stop, error] = std::from_chars(token.data(), end, value);
+  return stop == end ? error : std::errc::invalid_argument;
+}
+
 // The exact double of plain decimal text (-?digits[.digits][(e|E)[+-]digits])
 // when its digits make an integer below 2^53 and its power of ten is within
 // 10^±22: both are doubles exactly, so one multiplication or division
@@ -129,9 +138,7 @@ inline std::optional<double> FiniteDouble(std::string_view token) {
     value = Strtod(token);
   } else {
     double parsed = 0;
-    const char* end = token.data() + token.size();
-    const auto [stop, error] = std::from_chars(token.data(), end, parsed);
-    if (stop != end) return std::nullopt;
+    const std::errc error = FromCharsWhole(token, parsed);
     if (error == std::errc()) {
       value = parsed;
     } else if (error == std::errc::result_out_of_range) {
@@ -159,24 +166,17 @@ inline std::optional<JsonNumber> ParseJsonNumber(std::string_view token) {
     if (c == '.' || c == 'e' || c == 'E') floating = true;
   }
   JsonNumber number;
-  const char* const end = token.data() + token.size();
   if (!floating) {
-    if (!negative) {
-      if (token.size() >= 2 && token[0] == '0') return std::nullopt;
-      const auto [stop, error] =
-          std::from_chars(token.data(), end, number.unsigned_value);
-      if (error == std::errc() && stop == end) {
-        number.kind = JsonNumber::Kind::kUnsigned;
-        return number;
-      }
-    } else {
-      if (token.size() >= 3 && token[1] == '0') return std::nullopt;
-      const auto [stop, error] =
-          std::from_chars(token.data(), end, number.signed_value);
-      if (error == std::errc() && stop == end) {
-        number.kind = JsonNumber::Kind::kSigned;
-        return number;
-      }
+    const std::string_view digits = token.substr(negative ? 1 : 0);
+    if (digits.size() >= 2 && digits[0] == '0') return std::nullopt;
+    const std::errc error =
+        negative
+            ? json_number_detail::FromCharsWhole(token, number.signed_value)
+            : json_number_detail::FromCharsWhole(token, number.unsigned_value);
+    if (error == std::errc()) {
+      number.kind =
+          negative ? JsonNumber::Kind::kSigned : JsonNumber::Kind::kUnsigned;
+      return number;
     }
   }
   const std::optional<double> value = json_number_detail::FiniteDouble(token);

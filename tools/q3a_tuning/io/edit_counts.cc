@@ -2,12 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <charconv>
 #include <optional>
 #include <string_view>
 
 #include "tools/q3a_tuning/io/count_rules.h"
 #include "tools/q3a_tuning/io/field_limits.h"
+#include "tools/q3a_tuning/io/table_edit.h"
 
 namespace q3a_tool {
 namespace {
@@ -16,11 +16,10 @@ using google::protobuf::Descriptor;
 using google::protobuf::FieldDescriptor;
 using google::protobuf::Message;
 
-// One step of a path as `set` takes it: "name" or "name[index]", with the
-// message that holds the field and the path up to it.
+// One step of a path as `set` takes it, with the message that holds the
+// field and the path up to it.
 struct Step {
-  std::string_view name;
-  std::optional<int> index;
+  PathSegment segment;
   const Message* holder;
   std::string holder_path;
 };
@@ -32,30 +31,20 @@ std::vector<Step> Walk(const Message& table, std::string_view path) {
   const Message* message = &table;
   std::string walked;
   while (message != nullptr && !path.empty()) {
-    const std::size_t dot = path.find('.');
-    std::string_view segment = path.substr(0, dot);
-    path = dot == std::string_view::npos ? "" : path.substr(dot + 1);
-    Step step{segment, std::nullopt, message, walked};
-    if (const std::size_t open = segment.find('['); open != segment.npos) {
-      int index = 0;
-      std::from_chars(segment.data() + open + 1,
-                      segment.data() + segment.size() - 1, index);
-      step.name = segment.substr(0, open);
-      step.index = index;
-    }
-    steps.push_back(step);
-    walked += (walked.empty() ? "" : ".") + std::string(segment);
+    const Result<PathSegment> segment = TakePathSegment(path);
+    if (!segment.ok()) return {};
+    const auto [text, name, index] = *segment;
+    steps.push_back({*segment, message, walked});
+    walked += (walked.empty() ? "" : ".") + std::string(text);
     const FieldDescriptor* field =
-        message->GetDescriptor()->FindFieldByName(std::string(step.name));
+        message->GetDescriptor()->FindFieldByName(std::string(name));
     if (field == nullptr) return {};
     const auto& reflection = *message->GetReflection();
     if (field->cpp_type() != FieldDescriptor::CPPTYPE_MESSAGE) {
       message = nullptr;
     } else if (field->is_repeated()) {
-      message = step.index &&
-                        *step.index < reflection.FieldSize(*message, field)
-                    ? &reflection.GetRepeatedMessage(*message, field,
-                                                     *step.index)
+      message = index >= 0 && index < reflection.FieldSize(*message, field)
+                    ? &reflection.GetRepeatedMessage(*message, field, index)
                     : nullptr;
     } else {
       message = &reflection.GetMessage(*message, field);
@@ -98,12 +87,13 @@ std::optional<int> CountedEntry(std::span<const Step> steps,
   std::string_view rest = rule.array_path;
   for (const Step& step : steps) {
     const ArrayPathStep array_step = FirstArrayPathStep(rest);
-    if (step.name != array_step.field) return std::nullopt;
+    const int index = step.segment.index;
+    if (step.segment.name != array_step.field) return std::nullopt;
     if (array_step.rest.empty()) {
-      if (!step.index) return std::nullopt;
-      return *step.index / rule.per_entry;
+      if (index < 0) return std::nullopt;
+      return index / rule.per_entry;
     }
-    if (array_step.each != step.index.has_value()) return std::nullopt;
+    if (array_step.each != (index >= 0)) return std::nullopt;
     rest = array_step.rest;
   }
   return std::nullopt;
@@ -128,7 +118,8 @@ EditCountCheck CheckEditedCounts(const Message& table,
         const int count = CountValue(holder, rule.count_field);
         const std::string count_path =
             Join(steps[i].holder_path, rule.count_field);
-        if (i + 1 == steps.size() && steps[i].name == rule.count_field) {
+        if (i + 1 == steps.size() &&
+            steps[i].segment.name == rule.count_field) {
           const std::optional<int> capacity =
               CountedCapacity(descriptor, rule);
           if (capacity && count > *capacity) {

@@ -145,46 +145,58 @@ class SchemaWriter {
     json_.Key("maximum").Number(
         static_cast<long long>(std::numeric_limits<std::int32_t>::max()));
     json_.EndObject();
-    json_.Key("float").BeginObject();
-    json_.Key("description")
-        .String("A number in the float range, or \"NaN\", \"Infinity\" or "
-                "\"-Infinity\" as strings.");
-    json_.Key("anyOf").BeginArray();
-    json_.BeginObject();
-    json_.Key("type").String("number");
-    json_.Key("minimum").Real(-kFloatLimit);
-    json_.Key("maximum").Real(kFloatLimit);
-    json_.EndObject();
-    json_.BeginObject();
-    json_.Key("enum").BeginArray();
-    json_.String("NaN").String("Infinity").String("-Infinity");
-    json_.EndArray();
-    json_.EndObject();
-    json_.EndArray();
-    json_.EndObject();
+    WriteAnyOf("float",
+               "A number in the float range, or \"NaN\", \"Infinity\" or "
+               "\"-Infinity\" as strings.",
+               [&] {
+                 json_.BeginObject();
+                 json_.Key("type").String("number");
+                 json_.Key("minimum").Real(-kFloatLimit);
+                 json_.Key("maximum").Real(kFloatLimit);
+                 json_.EndObject();
+                 WriteEnumOf([&] {
+                   json_.String("NaN").String("Infinity").String("-Infinity");
+                 });
+               });
   }
 
   // protobuf's JSON parser takes an enum value by its name or by its
   // number; the names are what the writer prints.
   void WriteEnum(const EnumDescriptor& enum_type) {
-    json_.Key(enum_type.name()).BeginObject();
-    json_.Key("description")
-        .String("By name, as the writer prints it, or by number.");
+    const int count = enum_type.value_count();
+    WriteAnyOf(enum_type.name(),
+               "By name, as the writer prints it, or by number.", [&] {
+                 WriteEnumOf([&] {
+                   for (int i = 0; i < count; ++i) {
+                     json_.String(enum_type.value(i)->name());
+                   }
+                 });
+                 WriteEnumOf([&] {
+                   for (int i = 0; i < count; ++i) {
+                     json_.Number(
+                         static_cast<long long>(enum_type.value(i)->number()));
+                   }
+                 });
+               });
+  }
+
+  // The def `name`: a value that any of the schemas `write_schemas` writes
+  // accepts.
+  void WriteAnyOf(std::string_view name, std::string_view description,
+                  auto write_schemas) {
+    json_.Key(name).BeginObject();
+    json_.Key("description").String(description);
     json_.Key("anyOf").BeginArray();
-    json_.BeginObject();
-    json_.Key("enum").BeginArray();
-    for (int i = 0; i < enum_type.value_count(); ++i) {
-      json_.String(enum_type.value(i)->name());
-    }
+    write_schemas();
     json_.EndArray();
     json_.EndObject();
+  }
+
+  // A schema that accepts only the values `write_values` writes.
+  void WriteEnumOf(auto write_values) {
     json_.BeginObject();
     json_.Key("enum").BeginArray();
-    for (int i = 0; i < enum_type.value_count(); ++i) {
-      json_.Number(static_cast<long long>(enum_type.value(i)->number()));
-    }
-    json_.EndArray();
-    json_.EndObject();
+    write_values();
     json_.EndArray();
     json_.EndObject();
   }

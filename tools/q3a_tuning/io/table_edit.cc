@@ -67,21 +67,10 @@ Result<Place> Locate(Message& root, std::string_view path, bool grow) {
   Message* message = &root;
   std::string_view rest = path;
   while (true) {
-    const std::size_t dot = rest.find('.');
-    std::string_view segment = rest.substr(0, dot);
-    rest = dot == std::string_view::npos ? "" : rest.substr(dot + 1);
-    int index = -1;
-    if (const std::size_t open = segment.find('['); open != segment.npos) {
-      const std::size_t close = segment.find(']', open);
-      const auto [end, error] = std::from_chars(
-          segment.data() + open + 1, segment.data() + close, index);
-      if (close != segment.size() - 1 || error != std::errc() ||
-          end != segment.data() + close || index < 0) {
-        return PathError(path, fmt::format("'{}' is not NAME or NAME[INDEX]",
-                                           segment));
-      }
-      segment = segment.substr(0, open);
-    }
+    const Result<PathSegment> taken = TakePathSegment(rest);
+    if (!taken.ok()) return PathError(path, taken.error().message);
+    const std::string_view segment = taken->name;
+    const int index = taken->index;
     const auto& descriptor = *message->GetDescriptor();
     const FieldDescriptor* field =
         descriptor.FindFieldByName(std::string(segment));
@@ -272,6 +261,30 @@ std::optional<std::string> StoreScalar(const Place& place,
 }
 
 }  // namespace
+
+Result<PathSegment> TakePathSegment(std::string_view& path) {
+  const std::size_t dot = path.find('.');
+  const std::string_view text = path.substr(0, dot);
+  path = dot == std::string_view::npos ? "" : path.substr(dot + 1);
+  PathSegment segment{.text = text, .name = text};
+  if (const std::size_t open = segment.text.find('[');
+      open != std::string_view::npos) {
+    std::string_view digits = segment.text.substr(open + 1);
+    const bool closed = digits.ends_with(']');
+    if (closed) digits.remove_suffix(1);
+    const char* const digits_end = digits.data() + digits.size();
+    const auto [end, error] =
+        std::from_chars(digits.data(), digits_end, segment.index);
+    if (!closed || error != std::errc() || end != digits_end ||
+        segment.index < 0) {
+      return ToolError{
+          fmt::format("'{}' is not NAME or NAME[INDEX]", segment.text),
+          kExitUsage};
+    }
+    segment.name = segment.text.substr(0, open);
+  }
+  return segment;
+}
 
 bool IsEditableFieldType(FieldDescriptor::CppType type) {
   switch (type) {

@@ -15,6 +15,17 @@
 
 namespace q3a_tool {
 
+// One segment of such a path: "name" or "name[index]".
+struct PathSegment {
+  std::string_view text;  // as written
+  std::string_view name;
+  int index = -1;  // -1 where none is given
+};
+
+// Takes the first segment and the dot after it off `path`. A usage error
+// where the segment is neither NAME nor NAME[INDEX].
+Result<PathSegment> TakePathSegment(std::string_view& path);
+
 // The value at `path` as JSON: a number, string, bool, list or object. A
 // usage error names the first path segment the table lacks.
 Result<std::string> GetValueJson(const google::protobuf::Message& table,

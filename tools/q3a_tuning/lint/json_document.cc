@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstddef>
 #include <cstring>
+#include <type_traits>
 #include <utility>
 
 #include "protomsg/internal/json_number.h"
@@ -132,62 +133,63 @@ class JsonDocumentParser {
 
   bool ParseObject(JsonValue& value, int depth) {
     value.type_ = JsonValue::Type::kObject;
-    ++at_;
-    SkipWhitespace();
-    if (Peek() == '}') {
-      ++at_;
-      return true;
-    }
-    const std::size_t first = member_stack_.size();
-    path_.push_back({});
-    while (true) {
-      SkipWhitespace();
-      JsonMember member;
-      member.key_position = Here();
-      if (!ParseKey(member.key)) return false;
-      SkipWhitespace();
-      if (Peek() != ':') return Fail("expected ':' after the field name");
-      ++at_;
-      SkipWhitespace();
-      if (!ParseValue(member.value, depth + 1)) return false;
-      member_stack_.push_back(member);
-      bool closed = false;
-      if (!AfterItem('}', closed)) return false;
-      if (closed) break;
-    }
-    path_.pop_back();
-    const std::size_t count = member_stack_.size() - first;
-    value.members_ = members_.Place(member_stack_.data() + first, count);
-    value.size_ = static_cast<std::uint32_t>(count);
-    member_stack_.resize(first);
-    return true;
+    return ParseItems(value, '}', Step{}, member_stack_, members_,
+                      [&](JsonMember& member) {
+                        member.key_position = Here();
+                        if (!ParseKey(member.key)) return false;
+                        SkipWhitespace();
+                        if (Peek() != ':') {
+                          return Fail("expected ':' after the field name");
+                        }
+                        ++at_;
+                        SkipWhitespace();
+                        return ParseValue(member.value, depth + 1);
+                      });
   }
 
   bool ParseArray(JsonValue& value, int depth) {
     value.type_ = JsonValue::Type::kArray;
+    return ParseItems(
+        value, ']', Step{true, {}, 0}, value_stack_, values_,
+        [&](JsonValue& element) { return ParseValue(element, depth + 1); });
+  }
+
+  // The members or elements of the container whose opening bracket is at
+  // the cursor, up to `close`, each read by `parse_item`: gathered on
+  // `stack` while nested containers use the stack above them, then placed
+  // in `arena` as the container's own.
+  template <typename Item, typename ParseItem>
+  bool ParseItems(JsonValue& value, char close, Step step,
+                  std::vector<Item>& stack, BlockArena<Item>& arena,
+                  ParseItem parse_item) {
     ++at_;
     SkipWhitespace();
-    if (Peek() == ']') {
+    if (Peek() == close) {
       ++at_;
       return true;
     }
-    const std::size_t first = value_stack_.size();
-    path_.push_back({true, {}, 0});
+    const std::size_t first = stack.size();
+    path_.push_back(step);
     while (true) {
       SkipWhitespace();
-      path_.back().index = value_stack_.size() - first;
-      JsonValue element;
-      if (!ParseValue(element, depth + 1)) return false;
-      value_stack_.push_back(element);
+      path_.back().index = stack.size() - first;
+      Item item;
+      if (!parse_item(item)) return false;
+      stack.push_back(item);
       bool closed = false;
-      if (!AfterItem(']', closed)) return false;
+      if (!AfterItem(close, closed)) return false;
       if (closed) break;
     }
     path_.pop_back();
-    const std::size_t count = value_stack_.size() - first;
-    value.elements_ = values_.Place(value_stack_.data() + first, count);
+    const std::size_t count = stack.size() - first;
+    const Item* placed = arena.Place(stack.data() + first, count);
+    if constexpr (std::is_same_v<Item, JsonMember>) {
+      value.members_ = placed;
+    } else {
+      value.elements_ = placed;
+    }
     value.size_ = static_cast<std::uint32_t>(count);
-    value_stack_.resize(first);
+    stack.resize(first);
     return true;
   }
 
