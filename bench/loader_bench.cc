@@ -37,23 +37,6 @@ std::unordered_map<std::string_view, std::string> WriteFiles(Content content) {
 
 using protomsg::internal::TuningFileParseOptions;
 
-void Store(const qawb::QAWBBasicTuningTable& table,
-           qawb::MutableQAWBTuning& tuning) {
-  tuning.SetBasicTuningTable(&table);
-}
-void Store(const qawb::QAWBAdvanceTuningTable& table,
-           qawb::MutableQAWBTuning& tuning) {
-  tuning.SetAdvanceTuningTable(&table);
-}
-void Store(const qawb::QAWBColorControlTuningTable& table,
-           qawb::MutableQAWBTuning& tuning) {
-  tuning.SetColorControlTuningTable(&table);
-}
-void Store(const qawb::QAWBFeatureTuningTable& table,
-           qawb::MutableQAWBTuning& tuning) {
-  tuning.SetFeatureTuningTable(&table);
-}
-
 // What the loader does for one file on protobuf's path: a zeroed scratch
 // record, the file's text, JsonStringToMessage, ConvertToStruct, and the
 // copy into the container.
@@ -68,7 +51,7 @@ void LoadThroughProtobuf(const std::string& path, Table& scratch,
     return;
   }
   protomsg::ConvertToStruct(message, scratch);
-  Store(scratch, tuning);
+  qawb::SetTable(tuning, &scratch);
 }
 
 template <typename Table>

@@ -125,27 +125,35 @@ void LibraryRead(benchmark::State& state) {
   SetBytes(state);
 }
 
-// What `validate FILE` does: guess the table, then validate.
-void Validate(benchmark::State& state) {
+// Runs `command` on the copy of the large file the last run did not read,
+// after guessing its table as the commands do.
+template <typename Command>
+void GuessTableThen(benchmark::State& state, Command command) {
   for (auto _ : state) {
     const std::string& path = FreshLargeFile();
     const auto kind = q3a_tool::ResolveTable(path, q3a_tool::FileFormat::kJson,
                                              "");
-    if (!kind.ok()) state.SkipWithError("validate cannot tell the table");
-    const q3a_tool::ValidationReport report = q3a_tool::ValidateTableFile(
-        path, q3a_tool::FileFormat::kJson, *kind);
-    if (!report.accepted) state.SkipWithError("validate refused the file");
+    if (!kind.ok()) {
+      state.SkipWithError("the tool cannot tell the table");
+      break;
+    }
+    command(path, *kind);
   }
   SetBytes(state);
 }
 
-// What `get FILE version` does: guess the table, load it, print the value.
+// What `validate FILE` does.
+void Validate(benchmark::State& state) {
+  GuessTableThen(state, [&](const std::string& path, qawb::TableId kind) {
+    const q3a_tool::ValidationReport report =
+        q3a_tool::ValidateTableFile(path, q3a_tool::FileFormat::kJson, kind);
+    if (!report.accepted) state.SkipWithError("validate refused the file");
+  });
+}
+
+// What `get FILE version` does: load the table, print the value.
 void Get(benchmark::State& state) {
-  for (auto _ : state) {
-    const std::string& path = FreshLargeFile();
-    const auto kind = q3a_tool::ResolveTable(path, q3a_tool::FileFormat::kJson,
-                                             "");
-    if (!kind.ok()) state.SkipWithError("get cannot tell the table");
+  GuessTableThen(state, [&](const std::string& path, qawb::TableId) {
     auto table = q3a_tool::MakeZeroedTable<Table>();
     if (!q3a_tool::LoadTableFile(path, q3a_tool::FileFormat::kJson, *table)
              .ok()) {
@@ -154,8 +162,7 @@ void Get(benchmark::State& state) {
     Message message;
     protomsg::ConvertToMessage(*table, message);
     benchmark::DoNotOptimize(q3a_tool::GetValueJson(message, "version"));
-  }
-  SetBytes(state);
+  });
 }
 
 }  // namespace

@@ -137,31 +137,24 @@ void RegisterJson(Content content) {
              }
            });
 
-  Register(BenchmarkName<Table>("json_read", content),
-           [content](benchmark::State& state) {
-             const std::string path = FilePath<Table>("json", content);
-             protomsg::SaveTuningTableWithJson(path,
-                                               TableContent<Table>(content));
-             auto record = std::make_unique<Table>();
-             for (auto _ : state) {
-               if (!TableTraits<Table>::kReadJson(path, *record)) {
-                 state.SkipWithError("JSON reader failed");
+  // The direct reader on the text as the writer prints it, and with long
+  // decimals.
+  for (const bool long_decimals : {false, true}) {
+    Register(BenchmarkName<Table>(
+                 long_decimals ? "json_read_long" : "json_read", content),
+             [content, long_decimals](benchmark::State& state) {
+               const std::string path = FilePath<Table>(
+                   long_decimals ? "long.json" : "json", content);
+               PlainWrite(path, JsonText<Table>(content, long_decimals));
+               auto record = std::make_unique<Table>();
+               for (auto _ : state) {
+                 if (!TableTraits<Table>::kReadJson(path, *record)) {
+                   state.SkipWithError("JSON reader failed");
+                 }
                }
-             }
-             SetFileBytes(state, path);
-           });
-  Register(BenchmarkName<Table>("json_read_long", content),
-           [content](benchmark::State& state) {
-             const std::string path = FilePath<Table>("long.json", content);
-             PlainWrite(path, JsonText<Table>(content, true));
-             auto record = std::make_unique<Table>();
-             for (auto _ : state) {
-               if (!TableTraits<Table>::kReadJson(path, *record)) {
-                 state.SkipWithError("JSON reader failed");
-               }
-             }
-             SetFileBytes(state, path);
-           });
+               SetFileBytes(state, path);
+             });
+  }
   Register(BenchmarkName<Table>("json_parse_long_heap", content),
            [content](benchmark::State& state) {
              ProtobufParseLoop<Message>(state, JsonText<Table>(content, true));
