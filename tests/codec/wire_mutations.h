@@ -41,6 +41,28 @@ inline std::string Chunk(auto write) {
   return out;
 }
 
+// Reads a varint or fixed32 value from `in` and writes it again after `tag`,
+// whose wire type says which.
+inline std::string ScalarChunk(io::CodedInputStream& in, std::uint32_t tag) {
+  const bool fixed =
+      WireFormatLite::GetTagWireType(tag) == WireFormatLite::WIRETYPE_FIXED32;
+  std::uint64_t varint = 0;
+  std::uint32_t fixed32 = 0;
+  if (fixed) {
+    in.ReadLittleEndian32(&fixed32);
+  } else {
+    in.ReadVarint64(&varint);
+  }
+  return Chunk([&](io::CodedOutputStream& out) {
+    out.WriteTag(tag);
+    if (fixed) {
+      out.WriteLittleEndian32(fixed32);
+    } else {
+      out.WriteVarint64(varint);
+    }
+  });
+}
+
 // One unknown field of each wire type, a group holding a varint among them.
 inline std::string UnknownFields() {
   return Chunk([](io::CodedOutputStream& out) {
@@ -82,24 +104,10 @@ inline std::string MutateWire(std::string_view bytes,
         *type.FindFieldByNumber(WireFormatLite::GetTagFieldNumber(tag));
     std::string value;
     switch (WireFormatLite::GetTagWireType(tag)) {
-      case WireFormatLite::WIRETYPE_VARINT: {
-        std::uint64_t varint = 0;
-        in.ReadVarint64(&varint);
-        chunks.push_back(Chunk([&](io::CodedOutputStream& out) {
-          out.WriteTag(tag);
-          out.WriteVarint64(varint);
-        }));
+      case WireFormatLite::WIRETYPE_VARINT:
+      case WireFormatLite::WIRETYPE_FIXED32:
+        chunks.push_back(ScalarChunk(in, tag));
         break;
-      }
-      case WireFormatLite::WIRETYPE_FIXED32: {
-        std::uint32_t fixed = 0;
-        in.ReadLittleEndian32(&fixed);
-        chunks.push_back(Chunk([&](io::CodedOutputStream& out) {
-          out.WriteTag(tag);
-          out.WriteLittleEndian32(fixed);
-        }));
-        break;
-      }
       default: {  // length-delimited: a sub-message or a packed array
         std::uint32_t length = 0;
         in.ReadVarint32(&length);
@@ -107,27 +115,16 @@ inline std::string MutateWire(std::string_view bytes,
         if (field.type() == FieldDescriptor::TYPE_MESSAGE) {
           value = MutateWire(value, *field.message_type(), mutation);
         } else if (mutation.unpack_arrays) {
-          const bool fixed = field.type() == FieldDescriptor::TYPE_FLOAT;
+          const std::uint32_t element_tag = WireFormatLite::MakeTag(
+              field.number(), field.type() == FieldDescriptor::TYPE_FLOAT
+                                  ? WireFormatLite::WIRETYPE_FIXED32
+                                  : WireFormatLite::WIRETYPE_VARINT);
           io::CodedInputStream packed(
               reinterpret_cast<const std::uint8_t*>(value.data()),
               static_cast<int>(value.size()));
           std::string unpacked;
           while (packed.BytesUntilLimit() > 0 && !packed.ExpectAtEnd()) {
-            std::uint64_t element = 0;
-            std::uint32_t element32 = 0;
-            if (fixed)
-              packed.ReadLittleEndian32(&element32);
-            else
-              packed.ReadVarint64(&element);
-            unpacked += Chunk([&](io::CodedOutputStream& out) {
-              out.WriteTag(WireFormatLite::MakeTag(
-                  field.number(), fixed ? WireFormatLite::WIRETYPE_FIXED32
-                                        : WireFormatLite::WIRETYPE_VARINT));
-              if (fixed)
-                out.WriteLittleEndian32(element32);
-              else
-                out.WriteVarint64(element);
-            });
+            unpacked += ScalarChunk(packed, element_tag);
           }
           chunks.push_back(unpacked);
           break;

@@ -14,78 +14,62 @@ namespace {
 
 using qawb::tuning::QAWBFrameSummaryType;
 
-struct ScalarCase {
-  std::int32_t message_value;
-  std::int32_t stored;        // what the record holds, widened back
-  std::int32_t message_back;  // what converting the record back gives
+// A value set in a message field that the record holds narrower, and what
+// the record then holds, widened back, which converting back also gives.
+struct Narrowed {
+  std::int32_t given;
+  std::int32_t kept;
 };
 
-class VersionNarrowing : public ::testing::TestWithParam<ScalarCase> {};
-
-TEST_P(VersionNarrowing, KeepsLowSixteenBitsUnsigned) {
-  qawb::tuning::QAWBParameterVersion message;
-  message.set_major(GetParam().message_value);
-  message.set_minor(GetParam().message_value);
-  qawb::QAWBParameterVersion record{};
+// Converts `message` into `record` and back.
+template <typename Message, typename Record>
+Message ThroughRecord(const Message& message, Record& record) {
   protomsg::ConvertToStruct(message, record);
-  EXPECT_EQ(record.major, GetParam().stored);
-  EXPECT_EQ(record.minor, GetParam().stored);
-
-  qawb::tuning::QAWBParameterVersion back;
+  Message back;
   protomsg::ConvertToMessage(record, back);
-  EXPECT_EQ(back.major(), GetParam().message_back);
+  return back;
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, VersionNarrowing,
-                         ::testing::Values(ScalarCase{70000, 4464, 4464},
-                                           ScalarCase{-1, 65535, 65535},
-                                           ScalarCase{65536, 0, 0},
-                                           ScalarCase{3, 3, 3}));
-
-class LuminanceNarrowing : public ::testing::TestWithParam<ScalarCase> {};
-
-TEST_P(LuminanceNarrowing, ScalarFactorUnsignedThresholdsSigned) {
-  qawb::tuning::QAWBLuminanceWeight message;
-  message.set_scalar_factor(GetParam().message_value);
-  message.add_threshold_list(GetParam().message_value);
-  qawb::QAWBLuminanceWeight record{};
-  protomsg::ConvertToStruct(message, record);
-  EXPECT_EQ(record.scalar_factor,
-            static_cast<std::uint16_t>(GetParam().message_value));
-  EXPECT_EQ(record.threshold_list[0], GetParam().stored);
-
-  qawb::tuning::QAWBLuminanceWeight back;
-  protomsg::ConvertToMessage(record, back);
-  EXPECT_EQ(back.threshold_list(0), GetParam().message_back);
-  EXPECT_GE(back.scalar_factor(), 0);
+TEST(NarrowFields, VersionKeepsLowSixteenBitsUnsigned) {
+  for (const auto [given, kept] :
+       {Narrowed{70000, 4464}, {-1, 65535}, {65536, 0}, {3, 3}}) {
+    qawb::tuning::QAWBParameterVersion message;
+    message.set_major(given);
+    message.set_minor(given);
+    qawb::QAWBParameterVersion record{};
+    EXPECT_EQ(ThroughRecord(message, record).major(), kept) << given;
+    EXPECT_EQ(record.major, kept) << given;
+    EXPECT_EQ(record.minor, kept) << given;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, LuminanceNarrowing,
-                         ::testing::Values(ScalarCase{40000, -25536, -25536},
-                                           ScalarCase{65537, 1, 1},
-                                           ScalarCase{-2, -2, -2}));
-
-class AsdStrategy : public ::testing::TestWithParam<ScalarCase> {};
-
-TEST_P(AsdStrategy, KeepsLowByteAndLeavesPaddingAlone) {
-  qawb::tuning::QAWBAsdAggregatorTuningTable message;
-  message.set_strategy(GetParam().message_value);
-  qawb::QAWBAsdAggregatorTuningTable record;
-  std::memset(&record, 0xAB, sizeof(record));
-  protomsg::ConvertToStruct(message, record);
-  EXPECT_EQ(record.strategy, GetParam().stored);
-  for (std::uint8_t byte : record.padding) EXPECT_EQ(byte, 0xAB);
-
-  qawb::tuning::QAWBAsdAggregatorTuningTable back;
-  protomsg::ConvertToMessage(record, back);
-  EXPECT_EQ(back.strategy(), GetParam().message_back);
+TEST(NarrowFields, LuminanceScalarFactorUnsignedThresholdsSigned) {
+  for (const auto [given, kept] :
+       {Narrowed{40000, -25536}, {65537, 1}, {-2, -2}}) {
+    qawb::tuning::QAWBLuminanceWeight message;
+    message.set_scalar_factor(given);
+    message.add_threshold_list(given);
+    qawb::QAWBLuminanceWeight record{};
+    const auto back = ThroughRecord(message, record);
+    EXPECT_EQ(record.scalar_factor, static_cast<std::uint16_t>(given));
+    EXPECT_GE(back.scalar_factor(), 0) << given;
+    EXPECT_EQ(record.threshold_list[0], kept) << given;
+    EXPECT_EQ(back.threshold_list(0), kept) << given;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, AsdStrategy,
-                         ::testing::Values(ScalarCase{300, 44, 44},
-                                           ScalarCase{200, -56, -56},
-                                           ScalarCase{-1, -1, -1},
-                                           ScalarCase{-3, -3, -3}));
+TEST(NarrowFields, AsdStrategyKeepsLowByteAndLeavesPaddingAlone) {
+  for (const auto [given, kept] :
+       {Narrowed{300, 44}, {200, -56}, {-1, -1}, {-3, -3}}) {
+    qawb::tuning::QAWBAsdAggregatorTuningTable message;
+    message.set_strategy(given);
+    qawb::QAWBAsdAggregatorTuningTable record;
+    std::memset(&record, 0xAB, sizeof(record));
+    EXPECT_EQ(ThroughRecord(message, record).strategy(), kept) << given;
+    EXPECT_EQ(record.strategy, kept) << given;
+    for (std::uint8_t byte : record.padding) EXPECT_EQ(byte, 0xAB);
+  }
+}
 
 TEST(FrameSummaryType, RecordValuesOutsideZeroToNineBecomeInvalid) {
   const struct {

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <type_traits>
 
@@ -56,42 +57,21 @@ void ExpectFullCapacity(const Record& record, const Message& message) {
   });
 }
 
-// Resizes a repeated field to `size` elements, dropping from the end or
-// repeating the last element.
+// Resizes a non-empty repeated field to `size` elements: drops them from
+// the end, or appends the field's elements again.
 void ResizeRepeated(Message& message, const FieldDescriptor& field, int size) {
   const auto* reflection = message.GetReflection();
+  // `again` holds the field alone; merging it appends its elements.
+  std::unique_ptr<Message> copy(message.New());
+  std::unique_ptr<Message> again(message.New());
+  copy->CopyFrom(message);
+  reflection->SwapFields(copy.get(), again.get(), {&field});
+  ASSERT_GT(reflection->FieldSize(*again, &field), 0) << field.full_name();
+  while (reflection->FieldSize(message, &field) < size) {
+    message.MergeFrom(*again);
+  }
   while (reflection->FieldSize(message, &field) > size) {
     reflection->RemoveLast(&message, &field);
-  }
-  while (reflection->FieldSize(message, &field) < size) {
-    const int last = reflection->FieldSize(message, &field) - 1;
-    switch (field.cpp_type()) {
-      case FieldDescriptor::CPPTYPE_INT32:
-        reflection->AddInt32(
-            &message, &field,
-            reflection->GetRepeatedInt32(message, &field, last));
-        break;
-      case FieldDescriptor::CPPTYPE_FLOAT:
-        reflection->AddFloat(
-            &message, &field,
-            reflection->GetRepeatedFloat(message, &field, last));
-        break;
-      case FieldDescriptor::CPPTYPE_BOOL:
-        reflection->AddBool(&message, &field,
-                            reflection->GetRepeatedBool(message, &field, last));
-        break;
-      case FieldDescriptor::CPPTYPE_ENUM:
-        reflection->AddEnumValue(
-            &message, &field,
-            reflection->GetRepeatedEnumValue(message, &field, last));
-        break;
-      case FieldDescriptor::CPPTYPE_MESSAGE:
-        reflection->AddMessage(&message, &field)
-            ->CopyFrom(reflection->GetRepeatedMessage(message, &field, last));
-        break;
-      default:
-        FAIL() << "unexpected field type in " << field.full_name();
-    }
   }
 }
 

@@ -18,8 +18,10 @@
 #include "libs_v4/qAWB/proto/qawb_tuning.pb.h"
 #include "libs_v4/qAWB/src/base/fixed_qawb_tuning.h"
 #include "libs_v4/qAWB/src/base/mutable_qawb_tuning.h"
+#include "libs_v4/qAWB/src/base/table_access.h"
 #include "protomsg/record_conversions.h"
 #include "protomsg/tuning_files.h"
+#include "protomsg/tuning_table_traits.h"
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
 
@@ -47,10 +49,9 @@ uint64_t RegistryFingerprint(const TuningMap& registry) {
       uint64_t entry = Fingerprint(key, Fingerprint(node));
       if (node == q3a_api::NodeType::kAwb) {
         const auto* awb = static_cast<const qawb::FixedQAWBTuning*>(object);
-        entry = Fingerprint(*awb->GetBasicTuningTable(), entry);
-        entry = Fingerprint(*awb->GetAdvanceTuningTable(), entry);
-        entry = Fingerprint(*awb->GetColorControlTuningTable(), entry);
-        entry = Fingerprint(*awb->GetFeatureTuningTable(), entry);
+        qawb::ForEachTable([&]<typename Table>() {
+          entry = Fingerprint(*qawb::GetTable<Table>(*awb), entry);
+        });
       }
       sum += entry;
     }
@@ -75,11 +76,10 @@ struct Outcome {
 
 // A table through its message and back, and through both file formats,
 // into records that start as copies of the source.
-template <typename Table, typename Message>
-bool ConvertsAndReadsBack(const Table& source, const std::string& dir,
-                          bool (*read_json)(const std::string&, Table&),
-                          bool (*read_protobuf)(const std::string&, Table&)) {
-  Message message;
+template <typename Table>
+bool ConvertsAndReadsBack(const Table& source, const std::string& dir) {
+  using Traits = protomsg::TuningTableTraits<Table>;
+  typename Traits::Message message;
   protomsg::ConvertToMessage(source, message);
   auto converted = std::make_unique<Table>(source);
   protomsg::ConvertToStruct(message, *converted);
@@ -91,7 +91,8 @@ bool ConvertsAndReadsBack(const Table& source, const std::string& dir,
   protomsg::SaveTuningTableWithProtobuf(binary, source);
   auto from_json = std::make_unique<Table>(source);
   auto from_binary = std::make_unique<Table>(source);
-  return read_json(json, *from_json) && read_protobuf(binary, *from_binary) &&
+  return Traits::kReadJson(json, *from_json) &&
+         Traits::kReadProtobuf(binary, *from_binary) &&
          q3a_test::SameBytes(*from_json, source) &&
          q3a_test::SameBytes(*from_binary, source);
 }
@@ -105,28 +106,6 @@ Outcome UseTheLibrary(const std::string& dir) {
   outcome.copied_nodes = copy.size();
 
   const qawb::QAWBTuning& awb = SharedAwbTuning();
-  outcome.tables_round_trip =
-      ConvertsAndReadsBack<qawb::QAWBBasicTuningTable,
-                           qawb::tuning::QAWBBasicTuningTable>(
-          *awb.GetBasicTuningTable(), dir,
-          protomsg::ReadQAWBBasicTuningTableWithJson,
-          protomsg::ReadQAWBBasicTuningTableFromProtobuf) &&
-      ConvertsAndReadsBack<qawb::QAWBFeatureTuningTable,
-                           qawb::tuning::QAWBFeatureTuningTable>(
-          *awb.GetFeatureTuningTable(), dir,
-          protomsg::ReadQAWBFeatureTuningTableWithJson,
-          protomsg::ReadQAWBFeatureTuningTableFromProtobuf) &&
-      ConvertsAndReadsBack<qawb::QAWBAdvanceTuningTable,
-                           qawb::tuning::QAWBAdvanceTuningTable>(
-          *awb.GetAdvanceTuningTable(), dir,
-          protomsg::ReadQAWBAdvanceTuningTableWithJson,
-          protomsg::ReadQAWBAdvanceTuningTableFromProtobuf) &&
-      ConvertsAndReadsBack<qawb::QAWBColorControlTuningTable,
-                           qawb::tuning::QAWBColorControlTuningTable>(
-          *awb.GetColorControlTuningTable(), dir,
-          protomsg::ReadQAWBColorControlTuningTableWithJson,
-          protomsg::ReadQAWBColorControlTuningTableFromProtobuf);
-
   // A container of the thread's own, dumped and restored.
   auto tuning = std::make_unique<qawb::MutableQAWBTuning>();
   tuning->ReadFromTable(awb.GetBasicTuningTable(), awb.GetAdvanceTuningTable(),
@@ -134,12 +113,17 @@ Outcome UseTheLibrary(const std::string& dir) {
                         awb.GetFeatureTuningTable());
   tuning->WriteToFile(dir + "/tables.bin");
   auto restored = std::make_unique<qawb::MutableQAWBTuning>();
+  outcome.tables_round_trip = true;
   outcome.tuning_binary_file_round_trips =
-      restored->ReadFromFile(dir + "/tables.bin") &&
-      q3a_test::SameBytes(*restored->GetFeatureTuningTable(),
-                          *awb.GetFeatureTuningTable()) &&
-      q3a_test::SameBytes(*restored->GetBasicTuningTable(),
-                          *awb.GetBasicTuningTable());
+      restored->ReadFromFile(dir + "/tables.bin");
+  qawb::ForEachTable([&]<typename Table>() {
+    const Table& table = *qawb::GetTable<Table>(awb);
+    outcome.tables_round_trip =
+        outcome.tables_round_trip && ConvertsAndReadsBack(table, dir);
+    outcome.tuning_binary_file_round_trips =
+        outcome.tuning_binary_file_round_trips &&
+        q3a_test::SameBytes(*qawb::GetTable<Table>(*restored), table);
+  });
   return outcome;
 }
 
