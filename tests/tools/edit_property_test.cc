@@ -15,11 +15,11 @@
 
 #include "coordinator/tuning_map.h"
 #include "protomsg/record_conversions.h"
+#include "tests/tools/get_check.h"
 #include "tests/tools/tool_runner.h"
 #include "tools/q3a_tuning/io/count_rules.h"
 #include "tools/q3a_tuning/io/field_limits.h"
 #include "tools/q3a_tuning/io/registry_view.h"
-#include "tools/q3a_tuning/io/table_edit.h"
 #include "tools/q3a_tuning/io/table_file.h"
 
 namespace q3a_test {
@@ -247,13 +247,7 @@ TEST_P(EditPropertyTest, GetShowsWhatTheLibraryLoadsAndValidateSeesWhatItSwallow
     typename protomsg::TuningTableTraits<Record>::Message loaded;
     ASSERT_TRUE(ParseReference<Record>(output, format, loaded));
     for (const std::string& path : paths) {
-      const ToolResult got = Run({"get", output, path});
-      ASSERT_EQ(got.exit_code, 0) << path << ": " << got.err;
-      const auto expected = q3a_tool::GetValueJson(loaded, path);
-      ASSERT_TRUE(expected.ok());
-      std::string want = *expected;
-      while (want.ends_with('\n')) want.pop_back();
-      EXPECT_EQ(got.out, want + "\n") << path;
+      ExpectGetPrints(output, loaded, path, dir_);
     }
 
     const ToolResult validated = Run({"validate", "--json", output});

@@ -535,15 +535,11 @@ class ValidationHostileTest : public HostileTest {
     const std::vector<std::size_t> fields = TopLevelFieldStarts(basic);
     ASSERT_GT(fields.size(), 8u);
     Write("cut.pb", basic.substr(0, fields[8]));
-    std::string feature = ReadFile(Path("t/feature.json"));
-    const std::string key = "\"max_face_count\": 5";
-    ASSERT_NE(feature.find(key), std::string::npos);
-    feature.replace(feature.find(key), key.size(),
-                    "\"max_face\\u005fcount\": 5");
-    Write("escaped.json", feature);
-    feature.replace(feature.find("\"max_face"), 0,
-                    "\"max\\u005Ffac\\u0065_count\": 4, ");
-    Write("escaped_dup.json", feature);
+    WriteEdited("escaped.json", Path("t/feature.json"),
+                {{"\"max_face_count\": 5", "\"max_face\\u005fcount\": 5"}});
+    WriteEdited(
+        "escaped_dup.json", Path("escaped.json"),
+        {{"\"max_face", "\"max\\u005Ffac\\u0065_count\": 4, \"max_face"}});
     std::mt19937 random(kFileSize);
     std::string noise(kFileSize, '\0');
     for (char& byte : noise) byte = static_cast<char>(random());

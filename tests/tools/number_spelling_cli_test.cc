@@ -16,8 +16,8 @@
 #include "tests/support/record_values.h"
 #include "tests/support/scoped_temp_dir.h"
 #include "tests/support/spelled_tables.h"
+#include "tests/tools/get_check.h"
 #include "tests/tools/tool_runner.h"
-#include "tools/q3a_tuning/io/table_edit.h"
 
 namespace q3a_test {
 namespace {
@@ -49,13 +49,7 @@ TYPED_TEST(SpelledTableTool, ShowsWhatTheLibraryLoads) {
     // Two top-level fields a family, so the families cover them all.
     for (int k = 0; k < 2; ++k) {
       const std::string path = descriptor->field((2 * f + k) % fields)->name();
-      const ToolResult got = RunTool({"get", spelled, path}, scratch);
-      ASSERT_EQ(got.exit_code, 0) << path << ": " << got.err;
-      const auto expected = q3a_tool::GetValueJson(message, path);
-      ASSERT_TRUE(expected.ok());
-      std::string want = *expected;
-      while (want.ends_with('\n')) want.pop_back();
-      EXPECT_EQ(got.out, want + "\n") << path;
+      ExpectGetPrints(spelled, message, path, scratch);
     }
 
     // Binary keeps every float bit (-0 included), so nothing may differ.

@@ -64,19 +64,6 @@ std::string InChild(const std::function<std::string()>& body) {
   return out;
 }
 
-TEST(WriteOutputFile, ReplacesAFileAndKeepsItsMode) {
-  q3a_test::ScopedTempDir dir;
-  const std::string target = dir.File("out.json");
-  q3a_test::WriteFile(target, "old");
-  chmod(target.c_str(), 0640);
-  ASSERT_TRUE(WriteOutputFile(target, "new content").ok());
-  EXPECT_EQ(q3a_test::ReadFile(target), "new content");
-  struct stat status;
-  ASSERT_EQ(stat(target.c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 07777, 0640u);
-  EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.json"});
-}
-
 TEST(WriteOutputFile, WritesThroughALinkAndKeepsTheLink) {
   q3a_test::ScopedTempDir dir;
   q3a_test::WriteFile(dir.File("real.json"), "old");
@@ -86,27 +73,44 @@ TEST(WriteOutputFile, WritesThroughALinkAndKeepsTheLink) {
   EXPECT_EQ(q3a_test::ReadFile(dir.File("real.json")), "new");
 }
 
-TEST(WriteOutputFile, RefusesAFileChangedSinceItWasRead) {
-  q3a_test::ScopedTempDir dir;
-  const std::string target = dir.File("out.json");
-  q3a_test::WriteFile(target, "read");
-  const std::optional<FileStamp> read = StampOf(target);
-  q3a_test::WriteFile(target, "an editor's save");
-  const auto error =
-      WriteOutputFile(target, "edited", {.unchanged_since = read});
-  ASSERT_FALSE(error.ok());
-  EXPECT_THAT(error.error().message, HasSubstr("changed by another program"));
-  EXPECT_EQ(q3a_test::ReadFile(target), "an editor's save");
-  EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.json"});
+// A scratch directory holding one file, out.json, whose text is "old".
+class WriteOutputFileOverAFile : public ::testing::Test {
+ protected:
+  void SetUp() override { q3a_test::WriteFile(target_, "old"); }
+
+  // out.json holds `content`, and nothing else is in the directory.
+  void ExpectTargetAlone(const std::string& content) const {
+    EXPECT_EQ(q3a_test::ReadFile(target_), content);
+    EXPECT_EQ(Listing(dir_.path()), std::vector<std::string>{"out.json"});
+  }
+
+  q3a_test::ScopedTempDir dir_;
+  const std::string target_ = dir_.File("out.json");
+};
+
+TEST_F(WriteOutputFileOverAFile, ReplacesItAndKeepsItsMode) {
+  chmod(target_.c_str(), 0640);
+  ASSERT_TRUE(WriteOutputFile(target_, "new content").ok());
+  struct stat status;
+  ASSERT_EQ(stat(target_.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777, 0640u);
+  ExpectTargetAlone("new content");
 }
 
-TEST(WriteOutputFile, AFailedVerificationKeepsTheOldFile) {
-  q3a_test::ScopedTempDir dir;
-  const std::string target = dir.File("out.bin");
-  q3a_test::WriteFile(target, "old");
+TEST_F(WriteOutputFileOverAFile, RefusesItChangedSinceItWasRead) {
+  const std::optional<FileStamp> read = StampOf(target_);
+  q3a_test::WriteFile(target_, "an editor's save");
+  const auto error =
+      WriteOutputFile(target_, "edited", {.unchanged_since = read});
+  ASSERT_FALSE(error.ok());
+  EXPECT_THAT(error.error().message, HasSubstr("changed by another program"));
+  ExpectTargetAlone("an editor's save");
+}
+
+TEST_F(WriteOutputFileOverAFile, AFailedVerificationKeepsIt) {
   std::string seen;
   const auto error = WriteOutputFile(
-      target, "half",
+      target_, "half",
       {.verify = [&](const std::string& written) -> std::optional<std::string> {
         seen = q3a_test::ReadFile(written);
         return "came out short";
@@ -114,9 +118,8 @@ TEST(WriteOutputFile, AFailedVerificationKeepsTheOldFile) {
   ASSERT_FALSE(error.ok());
   EXPECT_EQ(seen, "half");
   EXPECT_EQ(error.error().message,
-            target + ": came out short; the file is left as it was");
-  EXPECT_EQ(q3a_test::ReadFile(target), "old");
-  EXPECT_EQ(Listing(dir.path()), std::vector<std::string>{"out.bin"});
+            target_ + ": came out short; the file is left as it was");
+  ExpectTargetAlone("old");
 }
 
 // Where the file system has no unnamed files, a named temporary beside the
@@ -156,6 +159,13 @@ struct RefusedTarget {
 };
 
 class RefusedOutput : public ::testing::TestWithParam<RefusedTarget> {};
+
+// A second name for the input, made by `kLink`: a hard or a symbolic link.
+template <void (*kLink)(const fs::path&, const fs::path&)>
+std::string LinkToInput(const q3a_test::ScopedTempDir& dir) {
+  kLink(dir.File("input.json"), dir.File("alias.json"));
+  return dir.File("alias.json");
+}
 
 TEST_P(RefusedOutput, LeavesEverythingAsItWas) {
   q3a_test::ScopedTempDir dir;
@@ -207,19 +217,9 @@ INSTANTIATE_TEST_SUITE_P(
         RefusedTarget{"SameFileAsInput",
                       [](const auto& dir) { return dir.File("input.json"); },
                       "is the input"},
-        RefusedTarget{"HardLinkToInput",
-                      [](const auto& dir) {
-                        fs::create_hard_link(dir.File("input.json"),
-                                             dir.File("alias.json"));
-                        return dir.File("alias.json");
-                      },
+        RefusedTarget{"HardLinkToInput", LinkToInput<fs::create_hard_link>,
                       "is the input"},
-        RefusedTarget{"SymlinkToInput",
-                      [](const auto& dir) {
-                        fs::create_symlink(dir.File("input.json"),
-                                           dir.File("alias.json"));
-                        return dir.File("alias.json");
-                      },
+        RefusedTarget{"SymlinkToInput", LinkToInput<fs::create_symlink>,
                       "is the input"},
         RefusedTarget{"MissingDirectory",
                       [](const auto& dir) { return dir.File("none/out.json"); },

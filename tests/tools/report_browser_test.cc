@@ -54,11 +54,9 @@ class ReportInBrowser : public ToolTest {
     }
     ToolTest::SetUp();
     ASSERT_EQ(Run({"export", "--key", kKey, "-o", Path("tables")}).exit_code, 0);
-    std::string feature = ReadFile(Path("tables/feature.json"));
-    const std::string from = "\"max_face_count\": 5";
-    ASSERT_NE(feature.find(from), std::string::npos);
-    feature.replace(feature.find(from), from.size(), "\"max_face_count\": 6");
-    const std::string edited = Write("edited_feature.json", feature);
+    const std::string edited =
+        WriteEdited("edited_feature.json", Path("tables/feature.json"),
+                    {{"\"max_face_count\": 5", "\"max_face_count\": 6"}});
     report_ = Path("report.html");
     const ToolResult result =
         Run({"report", "--key", kKey, "--against", edited, "-o", report_});

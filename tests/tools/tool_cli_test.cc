@@ -112,14 +112,10 @@ TEST_F(ToolCliTest, DiffOfIdenticalTablesIsEmpty) {
 
 TEST_F(ToolCliTest, DiffNamesEditedFieldsAndHonoursTolerance) {
   Export("t");
-  std::string text = ReadFile(Path("t") + "/basic.json");
-  const std::string cct = "\"initial_cct\": 4100";
-  ASSERT_NE(text.find(cct), std::string::npos);
-  text.replace(text.find(cct), cct.size(), "\"initial_cct\": 4200");
-  const std::string gain = "\"g_gain\": 1,";
-  ASSERT_NE(text.find(gain), std::string::npos);
-  text.replace(text.find(gain), gain.size(), "\"g_gain\": 1.001,");
-  const std::string edited = Write("edited.json", text);
+  const std::string edited =
+      WriteEdited("edited.json", Path("t/basic.json"),
+                  {{"\"initial_cct\": 4100", "\"initial_cct\": 4200"},
+                   {"\"g_gain\": 1,", "\"g_gain\": 1.001,"}});
 
   const ToolResult strict =
       Run({"diff", std::string("awb:") + kKey + ":basic", edited});
@@ -137,11 +133,9 @@ TEST_F(ToolCliTest, DiffNamesEditedFieldsAndHonoursTolerance) {
 
 TEST_F(ToolCliTest, LoadShowsTheDebugLineAndWhereEachTableCameFrom) {
   Export("t");
-  std::string text = ReadFile(Path("t") + "/feature.json");
-  const std::string minor = "\"minor\": 3";
-  ASSERT_NE(text.find(minor), std::string::npos);
-  text.replace(text.find(minor), minor.size(), "\"minor\": 7");
-  const std::string feature = Write("feature.json", text);
+  const std::string feature =
+      WriteEdited("feature.json", Path("t/feature.json"),
+                  {{"\"minor\": 3", "\"minor\": 7"}});
 
   const ToolResult result =
       Run({"load", "feature=" + feature, "basic=", "--key", kKey, "-o",

@@ -13,8 +13,11 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <initializer_list>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tests/support/file_bytes.h"
@@ -99,6 +102,21 @@ class ToolTest : public testing::Test {
   std::string Write(const std::string& name, const std::string& text) const {
     WriteFile(Path(name), text);
     return Path(name);
+  }
+
+  // Writes `name`: the text of the file `source` with each `from` of `edits`
+  // replaced once by its `to`. A failure where a `from` is not in the text.
+  std::string WriteEdited(
+      const std::string& name, const std::string& source,
+      std::initializer_list<std::pair<std::string_view, std::string_view>>
+          edits) const {
+    std::string text = ReadFile(source);
+    for (const auto& [from, to] : edits) {
+      const std::size_t at = text.find(from);
+      EXPECT_NE(at, std::string::npos) << from << " is not in " << source;
+      if (at != std::string::npos) text.replace(at, from.size(), to);
+    }
+    return Write(name, text);
   }
 
   ToolResult Run(const std::vector<std::string>& args) const {
