@@ -95,6 +95,8 @@ INSTANTIATE_TEST_SUITE_P(
         "max_face_count", R"("max_face_count\ud83d\ude00")",
         R"("max_face_count\ud800")", R"("max_face_count\udc00")",
         R"("max_face_count\ud800\u0041")", R"("max_face_count\u00zz")",
+        R"("max_face_count\ud800\u00zz")", R"("max_face_count\u00b5")",
+        R"("max_face_count\u20ac")", "\"max_face_count\xc2\xb5\"",
         "\"max_face_count\xff\"", "\"max_face_count\x01\""));
 
 struct SchemaCase {

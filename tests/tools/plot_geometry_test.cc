@@ -249,10 +249,20 @@ INSTANTIATE_TEST_SUITE_P(
         EscapeCase{"<script>&'\"", "&lt;script&gt;&amp;&#39;&quot;"},
         EscapeCase{"tab\tline\n", "tab\tline\n"},
         EscapeCase{std::string("nul\0bell\a", 9),
-                   "nul\xEF\xBF\xBD" "bell\xEF\xBF\xBD"},
-        EscapeCase{"\xC2\xB5m 5000\xE2\x80\xAF" "K", "\xC2\xB5m 5000\xE2\x80\xAF" "K"},
-        EscapeCase{"bad \xC3 tail \xED\xA0\x80 \xF8", "bad \xEF\xBF\xBD tail "
-                   "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD \xEF\xBF\xBD"}));
+                   "nul\xEF\xBF\xBD"
+                   "bell\xEF\xBF\xBD"},
+        EscapeCase{"\xC2\xB5m 5000\xE2\x80\xAF"
+                   "K",
+                   "\xC2\xB5m 5000\xE2\x80\xAF"
+                   "K"},
+        EscapeCase{"bad \xC3 tail \xED\xA0\x80 \xF8",
+                   "bad \xEF\xBF\xBD tail "
+                   "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD \xEF\xBF\xBD"},
+        // U+1F321 stays; an overlong form and one past U+10FFFF do not.
+        EscapeCase{"\xF0\x9F\x8C\xA1 \xF0\x8F\xBF\xBF \xF4\x90\x80\x80",
+                   "\xF0\x9F\x8C\xA1 \xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"
+                   "\xEF\xBF\xBD \xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"
+                   "\xEF\xBF\xBD"}));
 
 TEST(SvgCanvas, EveryTextAndTitleIsEscaped) {
   SvgCanvas svg(100, 100);

@@ -52,15 +52,15 @@ std::string_view SeverityLetter(android::base::LogSeverity severity) {
 Diagnostic WhyNotLoaded(const std::string& path, qawb::TableId kind) {
   const Result<std::string> content = ReadInputFile(path);
   if (!content.ok()) return DiagnosticOf(content.error(), path);
-  if (auto refused = CheckTableFits(path, *content, FileFormat::kJson, kind);
-      !refused.ok()) {
-    return DiagnosticOf(refused.error(), path);
-  }
   if (FormatFromPath(path) == FileFormat::kBinary) {
     return {.file = path,
             .message =
                 "the loader reads JSON tuning files only; this one is "
                 "binary (`q3a-tuning convert` makes a JSON file of it)"};
+  }
+  if (auto refused = CheckTableFits(path, *content, FileFormat::kJson, kind);
+      !refused.ok()) {
+    return DiagnosticOf(refused.error(), path);
   }
   return DiagnoseReadFailure(path, FileFormat::kJson, kind);
 }
