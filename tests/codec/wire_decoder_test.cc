@@ -127,6 +127,17 @@ struct RawCase {
 template <typename Record>
 class RawInput : public ::testing::TestWithParam<RawCase> {};
 
+std::string CaseName(const ::testing::TestParamInfo<RawCase>& info) {
+  return info.param.name;
+}
+
+// A suite of hand-made inputs for `Record`, each decoded as protobuf does.
+#define Q3A_RAW_INPUT_SUITE(Suite, Record)               \
+  using Suite = RawInput<Record>;                        \
+  TEST_P(Suite, DecodesLikeProtobuf) {                   \
+    ExpectDecodesLikeProtobuf<Record>(GetParam().bytes); \
+  }
+
 std::string Bytes(std::initializer_list<unsigned char> bytes) {
   return std::string(bytes.begin(), bytes.end());
 }
@@ -154,15 +165,9 @@ const RawCase kVarintCases[] = {
 };
 
 // bv_value (sint32) and weight_list (36 packed sint32).
-using IlluminantWeight = RawInput<qawb::QAWBIlluminantWeightData>;
-TEST_P(IlluminantWeight, DecodesLikeProtobuf) {
-  ExpectDecodesLikeProtobuf<qawb::QAWBIlluminantWeightData>(GetParam().bytes);
-}
+Q3A_RAW_INPUT_SUITE(IlluminantWeight, qawb::QAWBIlluminantWeightData)
 INSTANTIATE_TEST_SUITE_P(Varints, IlluminantWeight,
-                         ::testing::ValuesIn(kVarintCases),
-                         [](const auto& info) {
-                           return std::string(info.param.name);
-                         });
+                         ::testing::ValuesIn(kVarintCases), CaseName);
 INSTANTIATE_TEST_SUITE_P(
     Arrays, IlluminantWeight,
     ::testing::Values(
@@ -176,14 +181,10 @@ INSTANTIATE_TEST_SUITE_P(
                 Bytes({0x12, 0x81, 0x80, 0x80, 0x80, 0x00, 0x03})},
         RawCase{"length_above_2g",
                 Bytes({0x12, 0xFF, 0xFF, 0xFF, 0xFF, 0x0F, 0x03})}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName);
 
 // target_region (enum), base_region_number, base_region (2 packed enums).
-using RegionType = RawInput<qawb::QAWBTrustLevelStatsRegionType>;
-TEST_P(RegionType, DecodesLikeProtobuf) {
-  ExpectDecodesLikeProtobuf<qawb::QAWBTrustLevelStatsRegionType>(
-      GetParam().bytes);
-}
+Q3A_RAW_INPUT_SUITE(RegionType, qawb::QAWBTrustLevelStatsRegionType)
 INSTANTIATE_TEST_SUITE_P(
     Enums, RegionType,
     ::testing::Values(
@@ -192,13 +193,10 @@ INSTANTIATE_TEST_SUITE_P(
         RawCase{"enum_above_max", Bytes({0x08, 0x0B})},
         RawCase{"packed_three_of_two", Bytes({0x1A, 0x03, 0x01, 0x0A, 0x02})},
         RawCase{"packed_one_of_two", Bytes({0x1A, 0x01, 0x0A})}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName);
 
 // bv_number and bv_trust_list (6 sub-messages {sint32, float}).
-using TrustLevelSet = RawInput<qawb::QAWBTrustLevelBVSet>;
-TEST_P(TrustLevelSet, DecodesLikeProtobuf) {
-  ExpectDecodesLikeProtobuf<qawb::QAWBTrustLevelBVSet>(GetParam().bytes);
-}
+Q3A_RAW_INPUT_SUITE(TrustLevelSet, qawb::QAWBTrustLevelBVSet)
 INSTANTIATE_TEST_SUITE_P(
     SubMessages, TrustLevelSet,
     ::testing::Values(
@@ -217,13 +215,10 @@ INSTANTIATE_TEST_SUITE_P(
         RawCase{"element_fields_reversed",
                 Bytes({0x12, 0x07, 0x15, 0x00, 0x00, 0x80, 0x3F, 0x08, 0x02})},
         RawCase{"nested_end_group", Bytes({0x12, 0x01, 0x0C})}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName);
 
 // ccm (9 packed floats) and offset (3 packed floats).
-using ColorMatrix = RawInput<qawb::QAWBColorCorrectMatrix>;
-TEST_P(ColorMatrix, DecodesLikeProtobuf) {
-  ExpectDecodesLikeProtobuf<qawb::QAWBColorCorrectMatrix>(GetParam().bytes);
-}
+Q3A_RAW_INPUT_SUITE(ColorMatrix, qawb::QAWBColorCorrectMatrix)
 INSTANTIATE_TEST_SUITE_P(
     Floats, ColorMatrix,
     ::testing::Values(
@@ -235,6 +230,6 @@ INSTANTIATE_TEST_SUITE_P(
                        0x40, 0, 0, 0x80, 0x40})},
         RawCase{"unpacked_float", Bytes({0x15, 0x00, 0x00, 0x80, 0x3F})},
         RawCase{"unpacked_cut_float", Bytes({0x15, 0x00, 0x00})}),
-    [](const auto& info) { return std::string(info.param.name); });
+    CaseName);
 
 }  // namespace
