@@ -440,6 +440,7 @@ TEST_P(ContractTest, StreamsAndExitCode) {
                        " \"initial_cct\": 1, \"initial_cct\": 2}");
   Write("e2.json", "{\"version\": {\"major\": 3, \"minor\": 2},\n"
                    " \"initial_cct\": 2}");
+  Write("basic.pb", std::string("\x0a\x02\x08\x03", 4));
   std::vector<std::string> args = GetParam().args;
   std::string out = GetParam().out;
   std::string err = GetParam().err;
@@ -471,54 +472,117 @@ INSTANTIATE_TEST_SUITE_P(
     Cases, ContractTest,
     testing::Values(
         ContractCase{"Version", {"--version"}, 0, "1.0.0", ""},
-        ContractCase{"UnknownSubcommand", {"frobnicate"}, 2, "",
+        ContractCase{"UnknownSubcommand",
+                     {"frobnicate"},
+                     2,
+                     "",
                      "'frobnicate' is not a subcommand; the subcommands "
                      "are: list, export, validate, get, set"},
-        ContractCase{"HelpEndsWithAnExample", {"set", "--help"}, 0,
-                     "Example:\n  q3a-tuning set feature.json", ""},
-        ContractCase{"ValidateJson",
-                     {"validate", "--json", "{d}/edited.json", "--table",
-                      "basic"},
-                     1,
-                     "\"line\": 2,\n    \"column\": 20,\n    \"path\": "
-                     "\"initial_cct\",\n    \"rule\": \"duplicate-key\"",
+        ContractCase{"HelpEndsWithAnExample",
+                     {"set", "--help"},
+                     0,
+                     "Example:\n  q3a-tuning set feature.json",
                      ""},
-        ContractCase{"ValidateCleanIsQuiet", {"validate", "{t}/color.json"}, 0,
-                     "color table version " +
-                         BuiltInVersion<qawb::QAWBColorControlTuningTable>(
-                             kTuningKey) +
-                         ": ok",
-                     ""},
+        ContractCase{
+            "ValidateJson",
+            {"validate", "--json", "{d}/edited.json", "--table", "basic"},
+            1,
+            "\"line\": 2,\n    \"column\": 20,\n    \"path\": "
+            "\"initial_cct\",\n    \"rule\": \"duplicate-key\"",
+            ""},
+        ContractCase{
+            "ValidateCleanIsQuiet",
+            {"validate", "{t}/color.json"},
+            0,
+            "color table version " +
+                BuiltInVersion<qawb::QAWBColorControlTuningTable>(kTuningKey) +
+                ": ok",
+            ""},
         ContractCase{"DiffSameIsZero",
-                     {"diff", "{t}/basic.json", "awb:0,-1,1,0,-1:basic"}, 0,
-                     "basic table: 0 field(s) differ", ""},
+                     {"diff", "{t}/basic.json", "awb:0,-1,1,0,-1:basic"},
+                     0,
+                     "basic table: 0 field(s) differ",
+                     ""},
         ContractCase{"DiffJsonPlacesTheValue",
-                     {"diff", "{d}/edited.json", "{d}/e2.json", "--json"}, 1,
+                     {"diff", "{d}/edited.json", "{d}/e2.json", "--json"},
+                     1,
                      "\"file\": \"{d}/e2.json\",\n    \"line\": 1,\n"
                      "    \"column\": 35,\n    \"path\": \"version.minor\"",
                      ""},
-        ContractCase{"GetAValue",
-                     {"get", "{t}/feature.json",
-                      "face_tuning_table.max_face_count"},
-                     0, "5\n", ""},
+        ContractCase{
+            "GetAValue",
+            {"get", "{t}/feature.json", "face_tuning_table.max_face_count"},
+            0,
+            "5\n",
+            ""},
         ContractCase{"GetFromAContainer",
-                     {"get", "awb:0,-1,1,0,-1:basic", "version"}, 0,
-                     "\"minor\": 1", ""},
-        ContractCase{"GetSuggestsTheNearestName",
-                     {"get", "{t}/feature.json",
-                      "face_tuning_table.max_faces_count"},
-                     2, "", "did you mean max_face_count?"},
-        ContractCase{"SetInPlace",
-                     {"set", "{t}/feature.json",
-                      "face_tuning_table.max_face_count=6"},
-                     0, "face_tuning_table.max_face_count: 5 -> 6\n", ""},
+                     {"get", "awb:0,-1,1,0,-1:basic", "version"},
+                     0,
+                     "\"minor\": 1",
+                     ""},
+        ContractCase{
+            "GetSuggestsTheNearestName",
+            {"get", "{t}/feature.json", "face_tuning_table.max_faces_count"},
+            2,
+            "",
+            "did you mean max_face_count?"},
+        ContractCase{
+            "SetInPlace",
+            {"set", "{t}/feature.json", "face_tuning_table.max_face_count=6"},
+            0,
+            "face_tuning_table.max_face_count: 5 -> 6\n",
+            ""},
         ContractCase{"SetEnumByName",
                      {"set", "{t}/advance.json",
                       "outdoor_tuning_table.outdoor_final_trust_level_list."
                       "bv_stats_trust_info.stats_type.base_region[0]="
                       "kQAWBFrameSummaryTypeGreen",
                       "-o", "{d}/a.json"},
-                     0, "{d}/a.json", ""}),
+                     0,
+                     "{d}/a.json",
+                     ""},
+        ContractCase{
+            "SetNeedsAnAssignment",
+            {"set", "{t}/feature.json", "face_tuning_table.max_face_count"},
+            2,
+            "",
+            "'face_tuning_table.max_face_count': expected "
+            "PATH=VALUE"},
+        ContractCase{
+            "DiffTableOptionChecksTheFiles",
+            {"diff", "{t}/basic.json", "{t}/basic.json", "--table", "color"},
+            2,
+            "",
+            "{t}/basic.json: this is a basic table, not a "
+            "color table"},
+        ContractCase{
+            "DiffTableOptionNamesTheTable",
+            {"diff", "{t}/basic.json", "{t}/basic.json", "--table", "basic"},
+            0,
+            "basic table: 0 field(s) differ",
+            ""},
+        ContractCase{"LoadNamesABinaryFile",
+                     {"load", "basic={d}/basic.pb", "--key", "0,-1,1,0,-1"},
+                     1,
+                     "basic    " +
+                         DefaultVersion<qawb::QAWBBasicTuningTable>() +
+                         "    unchanged",
+                     "warning: {d}/basic.pb: the basic table was not loaded: "
+                     "the loader reads JSON tuning files only; this one is "
+                     "binary"},
+        ContractCase{"SchemaOfAnUnknownTable",
+                     {"schema", "colour"},
+                     2,
+                     "",
+                     "schema: 'colour' is not a table; use basic, advance, "
+                     "color or feature"},
+        ContractCase{"SchemasAreJsonOnly",
+                     {"export", "--key", "0,-1,1,0,-1", "--schemas", "--format",
+                      "binary", "-o", "{d}/s"},
+                     2,
+                     "",
+                     "--schemas: schemas describe JSON files; drop --format "
+                     "binary"}),
     [](const auto& info) { return info.param.name; });
 
 class UsageErrorTest
