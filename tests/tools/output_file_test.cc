@@ -15,6 +15,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -62,6 +63,30 @@ std::string InChild(const std::function<std::string()>& body) {
   close(pipe_fds[0]);
   waitpid(pid, nullptr, 0);
   return out;
+}
+
+// A full device behind stdout: the write fails with the cause, whether the
+// text is checked before it goes out or not.
+TEST(WriteOutputFile, StdoutOnAFullDeviceIsAFailure) {
+  if (access("/dev/full", W_OK) != 0) GTEST_SKIP() << "no /dev/full";
+  for (const bool verify : {false, true}) {
+    const std::string report = InChild([&] {
+      const int full = open("/dev/full", O_WRONLY);
+      if (full < 0 || dup2(full, STDOUT_FILENO) < 0) return std::string("dup");
+      OutputOptions options;
+      options.text = true;
+      if (verify) {
+        options.verify = [](const std::string&) -> std::optional<std::string> {
+          return std::nullopt;
+        };
+      }
+      const auto error =
+          WriteOutputFile(std::string(kStdoutPath), "{}\n", options);
+      return error.ok() ? std::string("written") : error.error().message;
+    });
+    EXPECT_THAT(report, HasSubstr("(stdout)")) << verify;
+    EXPECT_THAT(report, HasSubstr(std::strerror(ENOSPC))) << verify;
+  }
 }
 
 TEST(WriteOutputFile, WritesThroughALinkAndKeepsTheLink) {
