@@ -51,17 +51,44 @@ TEST(TableEdit, EveryFieldOfTheSchemaHasATypeSetHandles) {
       google::protobuf::FieldDescriptor::CPPTYPE_STRING));
 }
 
-TEST(TableEdit, SetsAndGetsScalarsEnumsAndListEntries) {
-  qawb::tuning::QAWBBasicTuningTable table;
-  EXPECT_EQ(*SetValue(table, "initial_cct", "4200"), "0");
-  EXPECT_EQ(*GetValueJson(table, "initial_cct"), "4200");
-  EXPECT_EQ(*SetValue(table, "initial_gain.r_gain", "1.5"), "0");
-  EXPECT_EQ(*GetValueJson(table, "initial_gain.r_gain"), "1.5");
-  // A list grows with zero entries up to the index.
-  ASSERT_TRUE(SetValue(table, "illuminant_weight_table.cct_list[2]", "7").ok());
-  EXPECT_EQ(*GetValueJson(table, "illuminant_weight_table.cct_list"),
-            "[0, 0, 7]");
-  EXPECT_THAT(*GetValueJson(table, "initial_gain"), HasSubstr("\"r_gain\": 1.5"));
+// Each kind of value, alone and in a list; a list grows with zero entries up
+// to the index set.
+TEST(TableEdit, SetsAndGetsEveryKindOfValue) {
+  qawb::tuning::QAWBBasicTuningTable basic;
+  qawb::tuning::QAWBAdvanceTuningTable advance;
+  qawb::tuning::QAWBColorControlTuningTable color;
+  const std::string offset =
+      "ccm_tuning_table.ccm_set.ccm_selection_set_natural."
+      "ccm_selection_bv_list[0].region_list[0].ccm_value.offset";
+  const std::string stats =
+      "outdoor_tuning_table.outdoor_final_trust_level_list."
+      "bv_stats_trust_info.stats_type";
+  const struct {
+    google::protobuf::Message* table;
+    std::string path, value, old, read_path, read;
+  } cases[] = {
+      {&basic, "initial_cct", "4200", "0", "initial_cct", "4200"},
+      {&basic, "initial_gain.r_gain", "1.5", "0", "initial_gain.r_gain", "1.5"},
+      {&basic, "illuminant_weight_table.cct_list[2]", "7", "0",
+       "illuminant_weight_table.cct_list", "[0, 0, 7]"},
+      {&basic, "luminance_weight_table.mask_list[1]", "true", "false",
+       "luminance_weight_table.mask_list", "[false, true]"},
+      {&color, offset + "[1]", "-0.5", "0", offset, "[0, -0.5]"},
+      {&advance, stats + ".target_region", "kQAWBFrameSummaryTypeGrey",
+       "\"kQAWBFrameSummaryTypeInvalid\"", stats + ".target_region",
+       "\"kQAWBFrameSummaryTypeGrey\""},
+      {&advance, stats + ".base_region[1]", "kQAWBFrameSummaryTypeGrey",
+       "\"kQAWBFrameSummaryTypeInvalid\"", stats + ".base_region",
+       "[\"kQAWBFrameSummaryTypeInvalid\", \"kQAWBFrameSummaryTypeGrey\"]"},
+  };
+  for (const auto& c : cases) {
+    const Result<std::string> old = SetValue(*c.table, c.path, c.value);
+    ASSERT_TRUE(old.ok()) << c.path << ": " << old.error().message;
+    EXPECT_EQ(*old, c.old) << c.path;
+    EXPECT_EQ(*GetValueJson(*c.table, c.read_path), c.read) << c.path;
+  }
+  EXPECT_THAT(*GetValueJson(basic, "initial_gain"),
+              HasSubstr("\"r_gain\": 1.5"));
 }
 
 // A value given to set is read as the same text in a JSON tuning file is:
