@@ -9,9 +9,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <chrono>
+#include <cstring>
 #include <filesystem>
 #include <map>
 #include <random>
@@ -85,6 +89,20 @@ Snapshot Take(const std::string& dir) {
   return snapshot;
 }
 
+// A UNIX socket bound at `path`: the socket file stays after the close.
+bool MakeSocketFile(const std::string& path) {
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  if (path.size() >= sizeof(address.sun_path)) return false;
+  std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
+  const int fd = socket(AF_UNIX, SOCK_STREAM, 0);
+  if (fd < 0) return false;
+  const bool bound = bind(fd, reinterpret_cast<const sockaddr*>(&address),
+                          sizeof(address)) == 0;
+  close(fd);
+  return bound;
+}
+
 // The scratch files the cases work on.
 class HostileFiles : public ToolTest {
  protected:
@@ -107,6 +125,7 @@ class HostileFiles : public ToolTest {
                   .exit_code,
               0);
     ASSERT_EQ(mkfifo(Path("fifo.json").c_str(), 0644), 0);
+    ASSERT_TRUE(MakeSocketFile(Path("socket.json")));
     no_device_ = MakeNullDevice(Path("null"));
     fs::create_directory(Path("dir.json"));
     fs::create_directory(Path("adir"));
@@ -184,6 +203,10 @@ INSTANTIATE_TEST_SUITE_P(
                     {"validate", "{d}/fifo.json"},
                     2,
                     "fifo.json: cannot read the file: it is a FIFO"},
+        HostileCase{"ValidateSocket",
+                    {"validate", "{d}/socket.json"},
+                    2,
+                    "socket.json: cannot read the file: it is a socket"},
         HostileCase{"ValidateDirectory",
                     {"validate", "{d}/dir.json"},
                     2,
