@@ -3,6 +3,7 @@
 // values become findings, and comparisons outline exactly the changed cells.
 #include "tools/q3a_tuning/plot/table_plots.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -11,11 +12,11 @@
 
 #include "coordinator/tuning_map.h"
 #include "tests/support/record_pairs.h"
+#include "tools/q3a_tuning/io/registry_view.h"
+#include "tools/q3a_tuning/io/table_file.h"
 #include "tools/q3a_tuning/plot/html_report.h"
 #include "tools/q3a_tuning/plot/plot_layout.h"
 #include "tools/q3a_tuning/plot/plot_render.h"
-#include "tools/q3a_tuning/io/registry_view.h"
-#include "tools/q3a_tuning/io/table_file.h"
 
 namespace q3a_tool {
 namespace {
@@ -228,6 +229,23 @@ TEST(HtmlReport, EscapesEveryTextAndHasEverySection) {
     EXPECT_THAT(html, HasSubstr(id));
   }
   EXPECT_THAT(html, HasSubstr("<svg class='figure'></svg>"));
+}
+
+TEST(HtmlReport, ListsDifferencesUpToTheLimitAndCountsTheRest) {
+  ReportData data;
+  ReportSection section;
+  section.id = "basic";
+  section.compared = true;
+  for (std::size_t i = 0; i < kReportDiffLimit + 3; ++i) {
+    section.differences.push_back({fmt::format("cct_list[{}]", i), "0", "1"});
+  }
+  data.sections.push_back(section);
+  const std::string html = RenderHtmlReport(data);
+  EXPECT_THAT(html,
+              HasSubstr(fmt::format("cct_list[{}]", kReportDiffLimit - 1)));
+  EXPECT_THAT(html,
+              Not(HasSubstr(fmt::format("cct_list[{}]", kReportDiffLimit))));
+  EXPECT_THAT(html, HasSubstr("3 more not listed"));
 }
 
 }  // namespace
