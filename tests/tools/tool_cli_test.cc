@@ -131,6 +131,25 @@ TEST_F(ToolCliTest, DiffNamesEditedFieldsAndHonoursTolerance) {
             "initial_cct: 4100 -> 4200\nbasic table: 1 field(s) differ\n");
 }
 
+// set warns of what its edit makes wrong, not again of what was wrong before.
+TEST_F(ToolCliTest, SetWarnsOfTheFindingsItMakesOnly) {
+  Export("t");
+  const std::string stats =
+      "outdoor_tuning_table.outdoor_final_trust_level_list."
+      "bv_stats_trust_info.stats_type";
+  const ToolResult first =
+      Run({"set", Path("t/advance.json"),
+           stats + ".target_region=kQAWBFrameSummaryTypeInvalid"});
+  EXPECT_EQ(first.exit_code, 0);
+  EXPECT_THAT(first.err, HasSubstr(stats + ".target_region: "
+                                           "kQAWBFrameSummaryTypeInvalid is "
+                                           "not a kind of frame statistics"));
+  const ToolResult second =
+      Run({"set", Path("t/advance.json"), stats + ".base_region_number=1"});
+  EXPECT_EQ(second.exit_code, 0);
+  EXPECT_EQ(second.err, "");
+}
+
 TEST_F(ToolCliTest, LoadShowsTheDebugLineAndWhereEachTableCameFrom) {
   Export("t");
   const std::string feature =
