@@ -460,6 +460,9 @@ TEST_P(ContractTest, StreamsAndExitCode) {
   Write("e2.json", "{\"version\": {\"major\": 3, \"minor\": 2},\n"
                    " \"initial_cct\": 2}");
   Write("basic.pb", std::string("\x0a\x02\x08\x03", 4));
+  Write("no_gain.json",
+        "{\"version\": {\"major\": 3, \"minor\": 1},\n"
+        " \"initial_gain\": {}}");
   std::vector<std::string> args = GetParam().args;
   std::string out = GetParam().out;
   std::string err = GetParam().err;
@@ -527,6 +530,13 @@ INSTANTIATE_TEST_SUITE_P(
                      1,
                      "\"file\": \"{d}/e2.json\",\n    \"line\": 1,\n"
                      "    \"column\": 35,\n    \"path\": \"version.minor\"",
+                     ""},
+        // A field the file leaves out is placed at what holds it.
+        ContractCase{"DiffJsonPlacesAMissingValue",
+                     {"diff", "{t}/basic.json", "{d}/no_gain.json", "--json"},
+                     1,
+                     "\"line\": 2,\n    \"column\": 18,\n    \"path\": "
+                     "\"initial_gain.r_gain\"",
                      ""},
         ContractCase{
             "GetAValue",
