@@ -166,7 +166,8 @@ TEST_F(PlotCliTest, ReportCarriesTheFindingsOfValidate) {
 
 struct RefusalCase {
   std::string name;
-  std::vector<std::string> args;  // FILE is the edited feature table
+  // FILE is the edited feature table, REFUSED one the library refuses
+  std::vector<std::string> args;
   int exit_code;
   std::string message;
 };
@@ -180,11 +181,15 @@ TEST_P(ReportRefusalTest, WritesNothing) {
   const std::string feature =
       Edited("feature", "\"max_face_count\": 5", "\"max_face_count\": 6");
   const std::string before = ReadFile(feature);
+  const std::string refused =
+      WriteEdited("refused_feature.json", Path("tables/feature.json"),
+                  {{"\"max_face_count\": 5", "\"max_face_count\": \"abc\""}});
   std::vector<std::string> args;
   for (const std::string& arg : GetParam().args) {
-    args.push_back(arg == "FILE" ? feature
-                   : arg == "OUT" ? Path("out.html")
+    args.push_back(arg == "FILE"      ? feature
+                   : arg == "OUT"     ? Path("out.html")
                    : arg == "MISSING" ? Path("missing.json")
+                   : arg == "REFUSED" ? refused
                                       : arg);
   }
   const ToolResult result = Run(args);
@@ -197,25 +202,30 @@ TEST_P(ReportRefusalTest, WritesNothing) {
 INSTANTIATE_TEST_SUITE_P(
     Cases, ReportRefusalTest,
     testing::Values(
-        RefusalCase{"TwoFilesOfOneTable",
-                    {"report", "--key", kKey, "--against", "FILE", "FILE",
-                     "-o", "OUT"},
-                    2,
-                    "are both feature tables"},
-        RefusalCase{"MissingFile",
-                    {"report", "--key", kKey, "--against", "MISSING", "-o",
-                     "OUT"},
-                    2,
-                    "missing.json"},
+        RefusalCase{
+            "TwoFilesOfOneTable",
+            {"report", "--key", kKey, "--against", "FILE", "FILE", "-o", "OUT"},
+            2,
+            "are both feature tables"},
+        RefusalCase{
+            "MissingFile",
+            {"report", "--key", kKey, "--against", "MISSING", "-o", "OUT"},
+            2,
+            "missing.json"},
         RefusalCase{"UnknownKey",
                     {"report", "--key", "9,9,9,9,9", "-o", "OUT"},
                     2,
                     "no AWB container"},
-        RefusalCase{"OutputIsTheInput",
-                    {"report", "--key", kKey, "--against", "FILE", "-o",
-                     "FILE"},
-                    1,
-                    "edited_feature.json"},
+        RefusalCase{
+            "OutputIsTheInput",
+            {"report", "--key", kKey, "--against", "FILE", "-o", "FILE"},
+            1,
+            "edited_feature.json"},
+        RefusalCase{
+            "RefusedTable",
+            {"report", "--key", kKey, "--against", "REFUSED", "-o", "OUT"},
+            1,
+            "face_tuning_table.max_face_count: invalid value \"abc\""},
         RefusalCase{"PlotAgainstAnotherKind",
                     {"plot", "FILE", "--against",
                      std::string("awb:") + kKey + ":basic", "-o", "OUT"},
