@@ -12,7 +12,7 @@ namespace {
 // The smallest of 1, 2, 5, 10 times 10^k that is at least `span`.
 double NiceStep(double span) {
   const double power = std::pow(10.0, std::floor(std::log10(span)));
-  for (double factor : {1.0, 2.0, 5.0, 10.0}) {
+  for (double factor : {1.0, 2.0, 5.0}) {
     if (factor * power >= span * (1 - 1e-9)) return factor * power;
   }
   return 10 * power;

@@ -11,18 +11,6 @@ namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
-std::string_view AnchorName(Anchor anchor) {
-  switch (anchor) {
-    case Anchor::kStart:
-      return "start";
-    case Anchor::kMiddle:
-      return "middle";
-    case Anchor::kEnd:
-      break;
-  }
-  return "end";
-}
-
 std::string StyleAttributes(const Style& style) {
   std::string out = fmt::format(" fill='{}' stroke='{}'", XmlEscape(style.fill),
                                 XmlEscape(style.stroke));
@@ -127,8 +115,10 @@ void SvgCanvas::Text(XY at, std::string_view text, const TextStyle& style) {
   std::string attributes = fmt::format(
       "x='{:.1f}' y='{:.1f}' font-size='{:g}' fill='{}'", at.x, at.y,
       style.size, XmlEscape(style.colour));
+  // "start" is SVG's default and goes unwritten.
   if (style.anchor != Anchor::kStart) {
-    attributes += fmt::format(" text-anchor='{}'", AnchorName(style.anchor));
+    attributes += fmt::format(" text-anchor='{}'",
+                              style.anchor == Anchor::kMiddle ? "middle" : "end");
   }
   if (style.bold) attributes += " font-weight='bold'";
   if (style.rotate != 0) {
