@@ -14,6 +14,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstring>
 #include <filesystem>
@@ -24,7 +25,54 @@
 #include "tests/support/child_exit.h"
 #include "tests/support/device_node.h"
 #include "tests/support/file_bytes.h"
+#include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/temporary_file.h"
+
+// The system calls the file code makes, failed on demand: this test links
+// with --wrap for each of them (CMakeLists.txt), and a forked child arms one
+// before it writes.
+namespace {
+const char* failing_call = "";
+int failing_error = 0;
+
+bool Fails(const char* call) {
+  if (std::strcmp(failing_call, call) != 0) return false;
+  errno = failing_error;
+  return true;
+}
+}  // namespace
+
+extern "C" {
+ssize_t __real_read(int fd, void* buffer, size_t size);
+ssize_t __wrap_read(int fd, void* buffer, size_t size) {
+  return Fails("read") ? -1 : __real_read(fd, buffer, size);
+}
+ssize_t __real_write(int fd, const void* bytes, size_t size);
+ssize_t __wrap_write(int fd, const void* bytes, size_t size) {
+  return Fails("write") ? -1 : __real_write(fd, bytes, size);
+}
+int __real_fsync(int fd);
+int __wrap_fsync(int fd) { return Fails("fsync") ? -1 : __real_fsync(fd); }
+int __real_linkat(int from_dir, const char* from, int to_dir, const char* to,
+                  int flags);
+int __wrap_linkat(int from_dir, const char* from, int to_dir, const char* to,
+                  int flags) {
+  return Fails("linkat") ? -1
+                         : __real_linkat(from_dir, from, to_dir, to, flags);
+}
+int __real_renameat2(int from_dir, const char* from, int to_dir, const char* to,
+                     unsigned flags);
+int __wrap_renameat2(int from_dir, const char* from, int to_dir, const char* to,
+                     unsigned flags) {
+  return Fails("renameat2")
+             ? -1
+             : __real_renameat2(from_dir, from, to_dir, to, flags);
+}
+int __real_rename(const char* from, const char* to);
+int __wrap_rename(const char* from, const char* to) {
+  return Fails("rename") ? -1 : __real_rename(from, to);
+}
+}
 
 namespace q3a_tool {
 namespace {
@@ -51,6 +99,7 @@ std::string InChild(const std::function<std::string()>& body) {
   if (pid == 0) {
     close(pipe_fds[0]);
     const std::string out = body();
+    failing_call = "";  // the report itself must get through
     (void)!write(pipe_fds[1], out.data(), out.size());
     q3a_test::ExitChild(0);
   }
@@ -87,6 +136,19 @@ TEST(WriteOutputFile, StdoutOnAFullDeviceIsAFailure) {
     EXPECT_THAT(report, HasSubstr("(stdout)")) << verify;
     EXPECT_THAT(report, HasSubstr(std::strerror(ENOSPC))) << verify;
   }
+}
+
+TEST(ReadInputFile, ADeviceErrorIsTheCause) {
+  q3a_test::ScopedTempDir dir;
+  const std::string path = dir.File("in.json");
+  ASSERT_TRUE(q3a_test::WriteFile(path, "{}"));
+  const std::string report = InChild([&] {
+    failing_call = "read";
+    failing_error = EIO;
+    const Result<std::string> content = ReadInputFile(path);
+    return content.ok() ? std::string("read") : content.error().message;
+  });
+  EXPECT_EQ(report, path + ": cannot read the file: " + std::strerror(EIO));
 }
 
 TEST(WriteOutputFile, WritesThroughALinkAndKeepsTheLink) {
@@ -323,6 +385,25 @@ std::string OldFile(const std::string& dir) {
   return q3a_test::WriteFile(dir + "/out.json", "old") ? "" : "cannot write";
 }
 
+template <std::size_t N>
+struct CallName {
+  constexpr CallName(const char (&name)[N]) { std::copy_n(name, N, text); }
+  char text[N];
+};
+
+// Arms `call` to fail with `error`, after writing the old file if `old`;
+// `named`: as on a file system without unnamed files.
+template <CallName call, int error, bool old = false, bool named = false>
+std::string Failing(const std::string& dir) {
+  if (old) {
+    if (std::string why = OldFile(dir); !why.empty()) return why;
+  }
+  if (named) internal::ForceNamedTemporaries();
+  failing_call = call.text;
+  failing_error = error;
+  return "";
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Causes, FailedWriteTest,
     ::testing::Values(
@@ -380,7 +461,26 @@ INSTANTIATE_TEST_SUITE_P(
                       }
                       return "";
                     },
-                    "the file is immutable (chattr +i)"}),
+                    "the file is immutable (chattr +i)"},
+        // Failures no file system here gives on demand.
+        FailedWrite{"QuotaUsedUp", false, Failing<"write", EDQUOT>,
+                    "the disk quota is used up"},
+        FailedWrite{"LargerThanTheFileSystemAllows", false,
+                    Failing<"write", EFBIG>,
+                    "the file is larger than the file system allows"},
+        FailedWrite{"DeviceError", true, Failing<"write", EIO, true>,
+                    "Input/output error"},
+        FailedWrite{"SyncFails", true, Failing<"fsync", EIO, true>,
+                    "Input/output error"},
+        FailedWrite{"LinkRefused", false, Failing<"linkat", EPERM>,
+                    "Operation not permitted"},
+        FailedWrite{"RenameFails", true, Failing<"rename", EIO, true>,
+                    "Input/output error"},
+        FailedWrite{"NamedRenameFails", true,
+                    Failing<"rename", EIO, true, true>, "Input/output error"},
+        FailedWrite{"NamedCreateFails", false,
+                    Failing<"renameat2", EIO, false, true>,
+                    "Input/output error"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 bool HasUnnamedFiles(const std::string& dir) {
