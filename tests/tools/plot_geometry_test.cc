@@ -200,6 +200,19 @@ TEST_P(HeatMapLayoutTest, ColourBarSpansTheDataAndLabelsDoNotCollide) {
   if (layout.show_values) {
     EXPECT_GE(layout.cell_width, TextWidth(FormatTick(high, layout.value_decimals), 9));
   }
+  // A cell without a value is drawn grey, and nothing drawn is NaN.
+  std::size_t missing = 0;
+  for (const auto& row : map.values) {
+    for (double v : row) missing += std::isfinite(v) ? 0 : 1;
+  }
+  const std::string svg = RenderFigureSvg({"t", {map}, ""});
+  std::size_t grey = 0;
+  for (std::size_t at = 0; (at = svg.find("#f0f0f0", at)) != std::string::npos;
+       ++at) {
+    ++grey;
+  }
+  EXPECT_EQ(grey, missing);
+  EXPECT_THAT(svg, Not(HasSubstr("nan")));
 }
 
 std::vector<std::vector<double>> Grid(int rows, int columns, double scale) {

@@ -1,10 +1,12 @@
 #include "tools/q3a_tuning/io/compact_table.h"
 
+#include <google/protobuf/text_format.h>
 #include <google/protobuf/util/message_differencer.h>
 
 #include <bit>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "tools/q3a_tuning/io/count_rules.h"
@@ -73,28 +75,23 @@ void TrimToCounts(Message& message) {
   }
 }
 
+// Whether entry `index` of a repeated scalar is the same in both: floats by
+// their bits (-0 is not 0), other kinds by their value.
 bool SameScalar(const Message& a, const Message& b,
                 const FieldDescriptor& field, int index) {
-  const Reflection& ra = *a.GetReflection();
-  const Reflection& rb = *b.GetReflection();
-  switch (field.cpp_type()) {
-    case FieldDescriptor::CPPTYPE_INT32:
-      return ra.GetRepeatedInt32(a, &field, index) ==
-             rb.GetRepeatedInt32(b, &field, index);
-    case FieldDescriptor::CPPTYPE_FLOAT:  // by bits: -0 is not 0
-      return std::bit_cast<std::uint32_t>(
-                 ra.GetRepeatedFloat(a, &field, index)) ==
-             std::bit_cast<std::uint32_t>(
-                 rb.GetRepeatedFloat(b, &field, index));
-    case FieldDescriptor::CPPTYPE_BOOL:
-      return ra.GetRepeatedBool(a, &field, index) ==
-             rb.GetRepeatedBool(b, &field, index);
-    case FieldDescriptor::CPPTYPE_ENUM:
-      return ra.GetRepeatedEnumValue(a, &field, index) ==
-             rb.GetRepeatedEnumValue(b, &field, index);
-    default:  // not in the schema (IsEditableFieldType)
-      return false;
+  if (field.cpp_type() == FieldDescriptor::CPPTYPE_FLOAT) {
+    return std::bit_cast<std::uint32_t>(
+               a.GetReflection()->GetRepeatedFloat(a, &field, index)) ==
+           std::bit_cast<std::uint32_t>(
+               b.GetReflection()->GetRepeatedFloat(b, &field, index));
   }
+  std::string text_a;
+  std::string text_b;
+  google::protobuf::TextFormat::PrintFieldValueToString(a, &field, index,
+                                                        &text_a);
+  google::protobuf::TextFormat::PrintFieldValueToString(b, &field, index,
+                                                        &text_b);
+  return text_a == text_b;
 }
 
 void TrimZeroTails(Message& message, const Message& zero);
