@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdarg>
 #include <cstring>
 #include <filesystem>
 #include <functional>
@@ -25,6 +26,7 @@
 #include "tests/support/child_exit.h"
 #include "tests/support/device_node.h"
 #include "tests/support/file_bytes.h"
+#include "tools/q3a_tuning/io/edit_lock.h"
 #include "tools/q3a_tuning/io/input_file.h"
 #include "tools/q3a_tuning/io/temporary_file.h"
 
@@ -50,6 +52,24 @@ ssize_t __wrap_read(int fd, void* buffer, size_t size) {
 ssize_t __real_write(int fd, const void* bytes, size_t size);
 ssize_t __wrap_write(int fd, const void* bytes, size_t size) {
   return Fails("write") ? -1 : __real_write(fd, bytes, size);
+}
+int __real_fstat(int fd, struct stat* status);
+int __wrap_fstat(int fd, struct stat* status) {
+  return Fails("fstat") ? -1 : __real_fstat(fd, status);
+}
+int __real_stat(const char* path, struct stat* status);
+int __wrap_stat(const char* path, struct stat* status) {
+  return Fails("stat") ? -1 : __real_stat(path, status);
+}
+int __real_open(const char* path, int flags, ...);
+int __wrap_open(const char* path, int flags, ...) {
+  if (Fails("open")) return -1;
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode =
+      (flags & (O_CREAT | O_TMPFILE)) ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  return __real_open(path, flags, mode);
 }
 int __real_fsync(int fd);
 int __wrap_fsync(int fd) { return Fails("fsync") ? -1 : __real_fsync(fd); }
@@ -138,17 +158,37 @@ TEST(WriteOutputFile, StdoutOnAFullDeviceIsAFailure) {
   }
 }
 
-TEST(ReadInputFile, ADeviceErrorIsTheCause) {
+// The reader and the edit lock, each call they make failing in turn: the
+// error names the file and the cause.
+TEST(InputFailures, NameTheFileAndTheCause) {
   q3a_test::ScopedTempDir dir;
   const std::string path = dir.File("in.json");
   ASSERT_TRUE(q3a_test::WriteFile(path, "{}"));
-  const std::string report = InChild([&] {
-    failing_call = "read";
-    failing_error = EIO;
+  const auto read = [&] {
     const Result<std::string> content = ReadInputFile(path);
     return content.ok() ? std::string("read") : content.error().message;
-  });
-  EXPECT_EQ(report, path + ": cannot read the file: " + std::strerror(EIO));
+  };
+  const auto lock = [&] {
+    const Result<EditLock> held = EditLock::Acquire(path);
+    return held.ok() ? std::string("locked") : held.error().message;
+  };
+  const struct {
+    const char* call;
+    std::function<std::string()> run;
+  } cases[] = {{"read", read},
+               {"fstat", read},
+               {"fstat", lock},
+               {"stat", lock},
+               {"open", lock}};
+  for (const auto& c : cases) {
+    const std::string report = InChild([&] {
+      failing_call = c.call;
+      failing_error = EIO;
+      return c.run();
+    });
+    EXPECT_EQ(report, path + ": cannot read the file: " + std::strerror(EIO))
+        << c.call;
+  }
 }
 
 TEST(WriteOutputFile, WritesThroughALinkAndKeepsTheLink) {
