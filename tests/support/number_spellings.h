@@ -345,47 +345,15 @@ class NumberSpeller {
   }
 
   std::string BeyondJson() {
-    static constexpr std::array<std::string_view, 40> kForms = {
-        "01.5",
-        "00.5",
-        "-01.5",
-        "1.",
-        "-1.",
-        "1.e5",
-        "0x1.8",
-        "0xe",
-        "-0x1.8",
-        "0x.8",
-        "0x1e",
-        "007",
-        "01",
-        "\"1.5\"",
-        "\" 1.5\"",
-        "\"1.5 \"",
-        "\"NaN\"",
-        "\"Infinity\"",
-        "\"-Infinity\"",
-        "\"nan\"",
-        "\"inf\"",
-        "\"0x10\"",
-        "+1",
-        ".5",
-        "-.5",
-        "1e",
-        "1e+",
-        "1.5.5",
-        "1e5.5",
-        "--1",
-        "1-2",
-        "0x",
-        "Infinity",
-        "NaN",
-        "\"3.4028235e38\"",
-        "1x",
-        "-",
-        "0.5\"",
-        "1.5e+-3",
-        "\"\\u0031\""};
+    static constexpr std::array<std::string_view, 44> kForms = {
+        "01.5", "00.5", "-01.5", "1.", "-1.", "1.e5", "0x1.8", "0xe", "-0x1.8",
+        "0x.8", "0x1e", "007", "01", "\"1.5\"", "\" 1.5\"", "\"1.5 \"",
+        "\"NaN\"", "\"Infinity\"", "\"-Infinity\"", "\"nan\"", "\"inf\"",
+        "\"0x10\"", "+1", ".5", "-.5", "1e", "1e+", "1.5.5", "1e5.5", "--1",
+        "1-2", "0x", "Infinity", "NaN", "\"3.4028235e38\"", "1x", "-", "0.5\"",
+        "1.5e+-3", "\"\\u0031\"",
+        // 'x' continues any number token, so it can stand anywhere in one.
+        "1e5x", "-1.5e-1x0", "2x5", "0.5x"};
     return std::string(OneOf(kForms));
   }
 
