@@ -36,6 +36,7 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 
 constexpr char kKey[] = "0,-1,1,0,-1";
+constexpr q3a_api::TuningKey kTuningKey = {0, -1, 1, 0, -1};
 constexpr std::size_t kFileSize =
     qawb::MutableQAWBTuning::kTuningBinaryFileSize;
 
@@ -44,7 +45,7 @@ struct HostileCase {
   // "{d}" stands for the scratch directory.
   std::vector<std::string> args;
   int exit_code;
-  std::string err;          // stderr holds this
+  std::string err;          // stderr holds this ("" : stderr is empty)
   std::string out = "";     // stdout holds this ("" : stdout is empty)
   std::vector<std::string> may_change = {};  // files the case may write
   int file_size_limit = 0;  // ulimit -f for the run
@@ -124,6 +125,16 @@ class HostileFiles : public ToolTest {
                    Path("negzero.bin")})
                   .exit_code,
               0);
+    Write("edited.json",
+          "{\"version\": {\"major\": 3, \"minor\": 1},\n"
+          " \"initial_cct\": 1, \"initial_cct\": 2}");
+    Write("e2.json",
+          "{\"version\": {\"major\": 3, \"minor\": 2},\n"
+          " \"initial_cct\": 2}");
+    Write("basic.pb", std::string("\x0a\x02\x08\x03", 4));
+    Write("no_gain.json",
+          "{\"version\": {\"major\": 3, \"minor\": 1},\n"
+          " \"initial_gain\": {}}");
     ASSERT_EQ(mkfifo(Path("fifo.json").c_str(), 0644), 0);
     ASSERT_TRUE(MakeSocketFile(Path("socket.json")));
     no_device_ = MakeNullDevice(Path("null"));
@@ -180,7 +191,11 @@ void HostileTest::Check(const HostileCase& c) {
   const ToolResult result =
       RunTool(Expand(c.args), dir_, c.file_size_limit);
   EXPECT_EQ(result.exit_code, c.exit_code) << result.out << result.err;
-  EXPECT_THAT(result.err, HasSubstr(Expand({c.err})[0]));
+  if (c.err.empty()) {
+    EXPECT_EQ(result.err, "");
+  } else {
+    EXPECT_THAT(result.err, HasSubstr(Expand({c.err})[0]));
+  }
   if (c.out.empty()) {
     EXPECT_EQ(result.out, "");
   } else {
@@ -456,6 +471,132 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{"SetToStdout",
                     {"set", "{d}/t/basic.json", "initial_cct=4321", "-o", "-"},
                     0, "initial_cct: ", "\"initial_cct\": 4321"}),
+    [](const auto& info) { return info.param.name; });
+
+// What scripts rely on: which stream carries what, and the exit code.
+INSTANTIATE_TEST_SUITE_P(
+    Contract, HostileTest,
+    testing::Values(
+        HostileCase{"Version", {"--version"}, 0, "", "1.0.0"},
+        HostileCase{"UnknownSubcommand",
+                    {"frobnicate"},
+                    2,
+                    "'frobnicate' is not a subcommand; the subcommands "
+                    "are: list, export, validate, get, set",
+                    ""},
+        HostileCase{"HelpEndsWithAnExample",
+                    {"set", "--help"},
+                    0,
+                    "",
+                    "Example:\n  q3a-tuning set feature.json"},
+        HostileCase{
+            "ValidateJson",
+            {"validate", "--json", "{d}/edited.json", "--table", "basic"},
+            1,
+            "",
+            "\"line\": 2,\n    \"column\": 20,\n    \"path\": "
+            "\"initial_cct\",\n    \"rule\": \"duplicate-key\""},
+        HostileCase{
+            "ValidateCleanIsQuiet",
+            {"validate", "{d}/t/color.json"},
+            0,
+            "",
+            "color table version " +
+                BuiltInVersion<qawb::QAWBColorControlTuningTable>(kTuningKey) +
+                ": ok"},
+        HostileCase{"DiffSameIsZero",
+                    {"diff", "{d}/t/basic.json", "awb:0,-1,1,0,-1:basic"},
+                    0,
+                    "",
+                    "basic table: 0 field(s) differ"},
+        HostileCase{"DiffJsonPlacesTheValue",
+                    {"diff", "{d}/edited.json", "{d}/e2.json", "--json"},
+                    1,
+                    "",
+                    "\"file\": \"{d}/e2.json\",\n    \"line\": 1,\n"
+                    "    \"column\": 35,\n    \"path\": \"version.minor\""},
+        // A field the file leaves out is placed at what holds it.
+        HostileCase{"DiffJsonPlacesAMissingValue",
+                    {"diff", "{d}/t/basic.json", "{d}/no_gain.json", "--json"},
+                    1,
+                    "",
+                    "\"line\": 2,\n    \"column\": 18,\n    \"path\": "
+                    "\"initial_gain.r_gain\""},
+        HostileCase{
+            "GetAValue",
+            {"get", "{d}/t/feature.json", "face_tuning_table.max_face_count"},
+            0,
+            "",
+            "5\n"},
+        HostileCase{"GetFromAContainer",
+                    {"get", "awb:0,-1,1,0,-1:basic", "version"},
+                    0,
+                    "",
+                    "\"minor\": 1"},
+        HostileCase{
+            "GetSuggestsTheNearestName",
+            {"get", "{d}/t/feature.json", "face_tuning_table.max_faces_count"},
+            2,
+            "did you mean max_face_count?",
+            ""},
+        HostileCase{
+            "SetInPlace",
+            {"set", "{d}/t/feature.json", "face_tuning_table.max_face_count=6"},
+            0,
+            "",
+            "face_tuning_table.max_face_count: 5 -> 6\n",
+            {"t/feature.json"}},
+        HostileCase{"SetEnumByName",
+                    {"set", "{d}/t/advance.json",
+                     "outdoor_tuning_table.outdoor_final_trust_level_list."
+                     "bv_stats_trust_info.stats_type.base_region[0]="
+                     "kQAWBFrameSummaryTypeGreen",
+                     "-o", "{d}/a.json"},
+                    0,
+                    "",
+                    "{d}/a.json",
+                    {"a.json"}},
+        HostileCase{
+            "SetNeedsAnAssignment",
+            {"set", "{d}/t/feature.json", "face_tuning_table.max_face_count"},
+            2,
+            "'face_tuning_table.max_face_count': expected "
+            "PATH=VALUE",
+            ""},
+        HostileCase{"DiffTableOptionChecksTheFiles",
+                    {"diff", "{d}/t/basic.json", "{d}/t/basic.json", "--table",
+                     "color"},
+                    2,
+                    "{d}/t/basic.json: this is a basic table, not a "
+                    "color table",
+                    ""},
+        HostileCase{"DiffTableOptionNamesTheTable",
+                    {"diff", "{d}/t/basic.json", "{d}/t/basic.json", "--table",
+                     "basic"},
+                    0,
+                    "",
+                    "basic table: 0 field(s) differ"},
+        HostileCase{"LoadNamesABinaryFile",
+                    {"load", "basic={d}/basic.pb", "--key", "0,-1,1,0,-1"},
+                    1,
+                    "warning: {d}/basic.pb: the basic table was not loaded: "
+                    "the loader reads JSON tuning files only; this one is "
+                    "binary",
+                    "basic    " + DefaultVersion<qawb::QAWBBasicTuningTable>() +
+                        "    unchanged"},
+        HostileCase{"SchemaOfAnUnknownTable",
+                    {"schema", "colour"},
+                    2,
+                    "schema: 'colour' is not a table; use basic, advance, "
+                    "color or feature",
+                    ""},
+        HostileCase{"SchemasAreJsonOnly",
+                    {"export", "--key", "0,-1,1,0,-1", "--schemas", "--format",
+                     "binary", "-o", "{d}/s"},
+                    2,
+                    "--schemas: schemas describe JSON files; drop --format "
+                    "binary",
+                    ""}),
     [](const auto& info) { return info.param.name; });
 
 INSTANTIATE_TEST_SUITE_P(
