@@ -66,8 +66,10 @@ int __wrap_open(const char* path, int flags, ...) {
   if (Fails("open")) return -1;
   va_list rest;
   va_start(rest, flags);
-  const mode_t mode =
-      (flags & (O_CREAT | O_TMPFILE)) ? va_arg(rest, mode_t) : 0;
+  // Only these opens pass a mode (O_TMPFILE holds O_DIRECTORY's bit).
+  const bool has_mode =
+      (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+  const mode_t mode = has_mode ? va_arg(rest, mode_t) : 0;
   va_end(rest);
   return __real_open(path, flags, mode);
 }
